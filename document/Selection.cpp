@@ -1,0 +1,48 @@
+#include "document/Selection.h"
+
+#include <algorithm>
+
+#include "document/NodeRemoval.h"
+#include "document/XmlText.h"
+
+namespace analytics {
+namespace {
+
+XmlPtr<xmlXPathObject> Evaluate(xmlXPathContextPtr searchContext, xmlNodePtr contextNode,
+                                const std::string& path) {
+  if (!searchContext) return nullptr;
+  searchContext->node = contextNode;
+  return XmlPtr<xmlXPathObject>(xmlXPathEvalExpression(XmlText(path), searchContext));
+}
+
+int NodeCount(const xmlXPathObject* result) {
+  return result ? xmlXPathNodeSetGetLength(result->nodesetval) : 0;
+}
+
+}  // namespace
+
+Selection::Selection(xmlXPathContextPtr searchContext, xmlNodePtr contextNode,
+                     const std::string& path)
+    : m_result(Evaluate(searchContext, contextNode, path)), m_count(NodeCount(m_result.get())) {}
+
+xmlNodePtr Selection::Node(int index) const {
+  const xmlNodePtr node = m_result->nodesetval->nodeTab[index];
+  return node->type == XML_NAMESPACE_DECL ? nullptr : node;
+}
+
+std::string Selection::FirstText() const { return m_count > 0 ? NodeText(Node(0)) : std::string(); }
+
+int Selection::Delete() {
+  int freed = 0;
+  // Descendants and attributes follow their element in document order, so from last to first none
+  // is freed before its own turn.
+  for (int index = m_count - 1; index >= 0; --index) {
+    xmlNodePtr& node = m_result->nodesetval->nodeTab[index];
+    if (!RemoveNode(node)) continue;
+    node = nullptr;  // else freeing the result would look at it
+    ++freed;
+  }
+  return freed;
+}
+
+}  // namespace analytics

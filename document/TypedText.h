@@ -1,0 +1,26 @@
+#pragma once
+
+#include <sstream>
+#include <string>
+
+namespace analytics {
+
+/// Reads the number that `text` starts with; the one place of this library's conversion rules.
+///
+/// Empty or blank text gives `fallback`, leading white space is skipped, what follows the number is
+/// ignored, text without a leading number gives 0, a number out of range the type's limit.
+template <typename Number>
+Number NumberFromText(const std::string& text, Number fallback) {
+  Number value = fallback;
+  std::istringstream(text) >> value;  // the stream's state is not looked at
+  return value;
+}
+
+/// Writes a number in decimal, as a stream under the global locale does.
+inline std::string TextFromNumber(int value) {
+  std::ostringstream text;
+  text << value;
+  return text.str();
+}
+
+}  // namespace analytics

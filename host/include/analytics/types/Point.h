@@ -1,0 +1,15 @@
+#pragma once
+
+#include <cstdint>
+
+namespace analytics {
+namespace types {
+
+/// A point in image coordinates.
+struct Point {
+  std::int32_t x;
+  std::int32_t y;
+};
+
+}  // namespace types
+}  // namespace analytics

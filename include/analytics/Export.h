@@ -1,0 +1,4 @@
+#pragma once
+
+/// Marks a class whose operations leave `libanalytics-settings.so`; everything else stays inside.
+#define ANALYTICS_API __attribute__((visibility("default")))

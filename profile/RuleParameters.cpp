@@ -1,0 +1,117 @@
+#include <algorithm>
+#include <memory>
+#include <utility>
+
+#include <analytics/DocumentNode.h>
+#include <analytics/ProfileDoc.h>
+
+#include "document/OwnedNodes.h"
+#include "document/TypedText.h"
+#include "profile/ProfileNames.h"
+
+namespace analytics {
+namespace {
+
+std::string ItemsQry(const char* tag, bool throughParameters) {
+  const std::string items = OnvifName(tag);
+  return throughParameters ? OnvifName("Parameters") + "/" + items : items;
+}
+
+std::string NamedItemQry(const std::string& name, bool throughParameters) {
+  return ProfileDoc::SimpleItemQry(throughParameters) + "[@Name='" + name + "']";
+}
+
+template <typename Value>
+bool SetItem(ProfileDoc& profile, const std::string& name, const Value& value,
+             DocumentNode* context, bool throughParameters) {
+  const std::unique_ptr<DocumentNode> item(
+      profile.SelectNode(NamedItemQry(name, throughParameters), context));
+  if (!item) return false;
+  item->SetProperty("Value", value);
+  return true;
+}
+
+template <typename Value>
+void AddItem(DocumentNode* parameters, const std::string& name, const Value& value) {
+  const std::unique_ptr<DocumentNode> item(
+      parameters ? parameters->AddNewChild("SimpleItem", std::string()) : nullptr);
+  // Deliberate: without a place for the item nothing is written and nobody is told.
+  if (!item) return;
+  item->SetProperty("Name", name);
+  item->SetProperty("Value", value);
+}
+
+template <typename Value>
+bool SetOrAddItem(ProfileDoc& profile, const std::string& name, const Value& value,
+                  DocumentNode* parameters) {
+  if (!SetItem(profile, name, value, parameters, false)) AddItem(parameters, name, value);
+  return true;
+}
+
+bool IsActive(ProfileDoc& profile, DocumentNode* rule) {
+  return profile.GetSimpleItemValue("Active", 0, rule, true) != 0;
+}
+
+bool Contains(const std::vector<std::string>& texts, const std::string& text) {
+  return std::find(texts.begin(), texts.end(), text) != texts.end();
+}
+
+}  // namespace
+
+std::string ProfileDoc::SimpleItemQry(bool throughParameters) {
+  return ItemsQry("SimpleItem", throughParameters);
+}
+
+std::string ProfileDoc::ElementItemQry(bool throughParameters) {
+  return ItemsQry("ElementItem", throughParameters);
+}
+
+std::string ProfileDoc::GetSimpleItemValue(const std::string& name, DocumentNode* context,
+                                           bool throughParameters) {
+  const std::unique_ptr<DocumentNode> item(
+      SelectNode(NamedItemQry(name, throughParameters), context));
+  return item ? item->GetProperty("Value") : std::string();
+}
+
+int ProfileDoc::GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context,
+                                   bool throughParameters) {
+  return NumberFromText(GetSimpleItemValue(name, context, throughParameters), defaultValue);
+}
+
+bool ProfileDoc::SetSimpleItemValue(const std::string& name, int value, DocumentNode* context) {
+  return SetItem(*this, name, value, context, true);
+}
+
+bool ProfileDoc::SetSimpleItemValue(const std::string& name, const std::string& value,
+                                    DocumentNode* context) {
+  return SetItem(*this, name, value, context, true);
+}
+
+bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, int value,
+                                         DocumentNode* parameters) {
+  return SetOrAddItem(*this, name, value, parameters);
+}
+
+bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, const std::string& value,
+                                         DocumentNode* parameters) {
+  return SetOrAddItem(*this, name, value, parameters);
+}
+
+bool ProfileDoc::RuleIsActive(const std::string& type) {
+  const OwnedNodes rules(SelectRules(type));
+  const auto isActive = [this](DocumentNode* rule) { return IsActive(*this, rule); };
+  return std::count_if(rules.begin(), rules.end(), isActive) > 0;
+}
+
+std::vector<std::string> ProfileDoc::ActiveRules() {
+  std::vector<std::string> types;
+  const OwnedNodes rules(SelectRules(std::string()));
+  for (DocumentNode* rule : rules) {
+    if (!IsActive(*this, rule)) continue;
+    std::string type = rule->GetProperty("Type");
+    if (!type.empty() && !Contains(types, type)) types.push_back(std::move(type));
+  }
+  return types;
+}
+
+}  // namespace analytics

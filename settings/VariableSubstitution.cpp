@@ -1,0 +1,40 @@
+#include <analytics/Settings.h>
+
+namespace analytics {
+namespace {
+
+/// A reference "${name}" in a text; the name is empty if there is none to replace.
+struct Reference {
+  std::string name;
+  std::string::size_type position;
+  std::string::size_type length;
+};
+
+/// Finds the leftmost reference. Its name runs to the first "}", so references do not nest.
+Reference FindVariable(const std::string& text) {
+  Reference found{std::string(), text.find("${"), 0};
+  if (found.position == std::string::npos) return found;
+  const std::string::size_type end = text.find('}', found.position);
+  if (end == std::string::npos) return found;
+  found.name = text.substr(found.position + 2, end - found.position - 2);
+  found.length = end - found.position + 1;
+  return found;
+}
+
+std::string VariableQry(const std::string& name) {
+  return "//variables/variable[@name=\"" + name + "\"]/@value";
+}
+
+}  // namespace
+
+std::string Settings::SubstituteVariables(const std::string& text) {
+  std::string result = text;
+  // Deliberate: an empty name ends the substitution, and each value is searched again, without end
+  // where it leads back to itself.
+  for (Reference found = FindVariable(result); !found.name.empty(); found = FindVariable(result)) {
+    result.replace(found.position, found.length, GetValue(VariableQry(found.name)));
+  }
+  return result;
+}
+
+}  // namespace analytics
