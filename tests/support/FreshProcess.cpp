@@ -7,13 +7,18 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+// Writes what a build for coverage has counted, which otherwise happens only at exit(); null in any
+// other build.
+extern "C" __attribute__((weak)) int WriteCoverage() __asm__("__llvm_profile_write_file");
+
 namespace tests {
 namespace {
 
 [[noreturn]] void RunAsChild(const std::function<void()>& body) {
   body();
   std::fflush(nullptr);
-  // Not exit(): the parent's test program must not end twice, and its leak check is its own.
+  if (WriteCoverage) WriteCoverage();
+  // Not exit(): the parent's test program must not end twice.
   _exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
 }
 

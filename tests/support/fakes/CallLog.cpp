@@ -1,16 +1,48 @@
 #include "tests/support/fakes/CallLog.h"
 
 namespace fakes {
+namespace {
 
-CallLog& CallLog::Instance() {
-  static CallLog log;
-  return log;
+bool StartsWith(std::string_view text, std::string_view start) {
+  return text.compare(0, start.size(), start) == 0;
 }
 
-void CallLog::Note(const std::string& call) { m_calls.push_back(call); }
+}  // namespace
 
-void CallLog::Clear() { m_calls.clear(); }
+CallLog& CallLog::Instance() {
+  // Never destroyed: fakes are called until the very end of the process.
+  static CallLog* const log = new CallLog;
+  return *log;
+}
 
-std::vector<std::string> CallLog::Calls() const { return m_calls; }
+void CallLog::Note(std::string_view call) {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  m_calls.emplace_back(call);
+  for (auto& [start, callsLeft] : m_callsToFail) {
+    if (StartsWith(call, start) && --callsLeft == 0) throw Failure(std::string(call));
+  }
+}
+
+void CallLog::FailAt(const std::string& start, int nth) {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  m_callsToFail[start] = nth;
+}
+
+void CallLog::Clear() {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  m_calls.clear();
+  m_callsToFail.clear();
+}
+
+std::vector<std::string> CallLog::Calls() const { return CallsOf(""); }
+
+std::vector<std::string> CallLog::CallsOf(const std::string& start) const {
+  const std::lock_guard<std::mutex> lock(m_mutex);
+  std::vector<std::string> calls;
+  for (const std::string_view call : m_calls) {
+    if (StartsWith(call, start)) calls.emplace_back(call);
+  }
+  return calls;
+}
 
 }  // namespace fakes

@@ -1,25 +1,71 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdlib>
+#include <map>
+#include <mutex>
+#include <stdexcept>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace fakes {
 
+/// Takes memory from `malloc`, so that noting a call never fails where a test lets `operator new`
+/// fail: destructors and locks are noted as well, which must not throw.
+template <typename T>
+struct MallocAllocator {
+  using value_type = T;
+
+  MallocAllocator() = default;
+  template <typename Other>
+  explicit MallocAllocator(const MallocAllocator<Other>&) {}
+
+  T* allocate(std::size_t count) {
+    void* const memory = std::malloc(count * sizeof(T));
+    if (!memory) std::abort();
+    return static_cast<T*>(memory);
+  }
+  void deallocate(T* memory, std::size_t) { std::free(memory); }
+
+  bool operator==(const MallocAllocator&) const { return true; }
+  bool operator!=(const MallocAllocator&) const { return false; }
+};
+
+/// What a fake throws when it is told to.
+struct Failure : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
 /// What the library asked of the platform, one entry a call, in order.
+///
+/// Threads: any.
 class CallLog {
  public:
   /// The log of this process.
   static CallLog& Instance();
 
-  /// Notes a call, such as "Calibration::SetPhysicalHeight(7)".
-  void Note(const std::string& call);
+  /// Notes a call, such as "Calibration::SetPhysicalHeight(7)", and throws a `Failure` if it is one
+  /// that shall fail.
+  void Note(std::string_view call);
 
+  /// Has the nth call from now whose entry starts with `start` fail, once.
+  void FailAt(const std::string& start, int nth);
+
+  /// Forgets the calls and the failures to come.
   void Clear();
 
   std::vector<std::string> Calls() const;
 
+  /// The calls whose entry starts with `start`, in order.
+  std::vector<std::string> CallsOf(const std::string& start) const;
+
  private:
-  std::vector<std::string> m_calls;
+  using Entry = std::basic_string<char, std::char_traits<char>, MallocAllocator<char>>;
+
+  mutable std::mutex m_mutex;
+  std::vector<Entry, MallocAllocator<Entry>> m_calls;  // under m_mutex
+  std::map<std::string, int> m_callsToFail;            // under m_mutex; from start to calls left
 };
 
 }  // namespace fakes

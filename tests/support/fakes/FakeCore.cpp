@@ -3,17 +3,19 @@
 #include <cstdio>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include <analytics/Calibration.h>
 #include <analytics/Mutex.h>
 #include <analytics/Trace.h>
 
 #include "tests/support/fakes/CallLog.h"
+#include "tests/support/fakes/LockAnswer.h"
 
 namespace analytics {
 namespace {
 
-void Note(const std::string& call) { fakes::CallLog::Instance().Note(call); }
+void Note(std::string_view call) { fakes::CallLog::Instance().Note(call); }
 
 using PointPair = types::Point[2];
 
@@ -39,18 +41,27 @@ __attribute__((format(printf, 1, 0))) std::string Formatted(const char* format, 
 
 Mutex::Mutex(bool recursive) : m_mutex() {
   Note(std::string("Mutex::Mutex(") + (recursive ? "true" : "false") + ")");
+  pthread_mutexattr_t attributes;
+  pthread_mutexattr_init(&attributes);
+  pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
+  pthread_mutex_init(&m_mutex, &attributes);
+  pthread_mutexattr_destroy(&attributes);
 }
 
-Mutex::~Mutex() { Note("Mutex::~Mutex()"); }
+Mutex::~Mutex() {
+  Note("Mutex::~Mutex()");
+  pthread_mutex_destroy(&m_mutex);
+}
 
 int Mutex::Lock() {
   Note("Mutex::Lock()");
-  return 0;
+  const int answer = fakes::LockAnswer();
+  return answer != 0 ? answer : pthread_mutex_lock(&m_mutex);
 }
 
 int Mutex::Unlock() {
   Note("Mutex::Unlock()");
-  return 0;
+  return pthread_mutex_unlock(&m_mutex);
 }
 
 Trace::Trace() { Note("Trace::Trace()"); }

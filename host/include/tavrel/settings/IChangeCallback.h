@@ -1,0 +1,23 @@
+#pragma once
+
+#include <tavrel/core/IniFile.h>
+
+namespace tavrel {
+namespace settings {
+
+class TavrelSettingsClient;
+
+/// Is told of changes of settings.
+class IChangeCallback {
+ public:
+  virtual ~IChangeCallback();
+
+  /// Called on the client's own thread when settings that were subscribed to have changed.
+  ///
+  /// @param source   the client that was subscribed with
+  /// @param changes  the changed groups and keys, with what was removed marked so
+  virtual void OnSettingsChanged(TavrelSettingsClient* source, const core::IniFile& changes) = 0;
+};
+
+}  // namespace settings
+}  // namespace tavrel

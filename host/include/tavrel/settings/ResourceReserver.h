@@ -1,0 +1,41 @@
+#pragma once
+
+#include <string>
+
+namespace tavrel {
+namespace settings {
+
+class TavrelSettingsClient;
+
+/// Claims units of a shared resource for a consumer.
+///
+/// In the store a resource is a group "Resources/NAME" with the key "Capacity", and each consumer's
+/// claim a group "Resources/NAME/CONSUMER" with the key "Usage"; what is missing counts as 0.
+///
+/// Errors: as `TavrelSettingsClient`, and likewise for a store that cannot be written.
+///
+/// Threads: any; claims of all threads and processes are made one after the other.
+class ResourceReserver {
+ public:
+  /// @param client  not needed on a workstation
+  ResourceReserver(TavrelSettingsClient* client, const std::string& resource,
+                   const std::string& consumer);
+  ~ResourceReserver();
+
+  /// Units that nobody has claimed; negative if the capacity was lowered below what is claimed.
+  int GetAvailableResources() const;
+
+  /// Sets the consumer's claim.
+  ///
+  /// @param units  the new claim as a whole, not an increment
+  /// @return false, with nothing changed, for a negative number and for a claim that would exceed
+  ///         the capacity together with those of the other consumers
+  bool TrySetUsage(int units);
+
+ private:
+  const std::string m_resource;
+  const std::string m_consumer;
+};
+
+}  // namespace settings
+}  // namespace tavrel

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include <tavrel/core/IniFile.h>
+
+namespace tavrel {
+namespace settings {
+
+/// The file that holds the settings; no other class touches it.
+///
+/// A reader, or a crash at any moment, meets the file as it was before a write or after it. A file
+/// that does not exist is a store without settings.
+///
+/// Errors: a store that cannot be read or written gives a `std::runtime_error` that names the file
+/// and the reason, a malformed line one that starts with "FILE:LINE: ".
+///
+/// Threads: any; writes of all threads and processes are made one after the other.
+class Store {
+ public:
+  /// The store that the environment names; see `TavrelSettingsClient`.
+  Store();
+
+  /// Path of the file. Where a link was named this is what it leads to, so that writing keeps it.
+  const std::string& Path() const { return m_path; }
+
+  /// The last part of the path.
+  std::string FileName() const;
+
+  /// Directory of the file; it and its parents are created unless they are there.
+  std::string CreatedDirectory() const;
+
+  /// All settings.
+  core::IniFile Read() const;
+
+  /// Has `edit` change the settings, and writes what it changed; if that is nothing the file is not
+  /// touched. No write of others falls between reading and writing. If `edit` throws, nothing is
+  /// written. It must not edit the store again, which would wait for itself.
+  ///
+  /// A group, key or value that would not come back from the file as it is, such as one with a line
+  /// break, is refused with `std::invalid_argument` before anything is written.
+  void Edit(const std::function<void(core::IniFile&)>& edit) const;
+
+ private:
+  std::string Directory() const;
+  std::string Text() const;
+  void Replace(const std::string& text) const;
+
+  std::string m_path;
+};
+
+}  // namespace settings
+}  // namespace tavrel

@@ -1,0 +1,90 @@
+#include "host/tavrel-settings/StoreReading.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <stdexcept>
+
+#include "host/tavrel-settings/GlibPtr.h"
+
+namespace tavrel {
+namespace settings {
+namespace {
+
+using core::IniFile;
+
+/// Loads a text into `file`.
+///
+/// @return why that failed; empty if it did not
+std::string Load(GKeyFile* file, const std::string& text) {
+  // GLib takes a text for ended there and would lose the rest of the line.
+  if (text.find('\0') != std::string::npos) return "The line contains a null byte";
+  GError* error = nullptr;
+  // Without this flag keys such as "Name[de]" are left out, according to the user's language.
+  g_key_file_load_from_data(file, text.data(), text.size(), G_KEY_FILE_KEEP_TRANSLATIONS, &error);
+  const GlibPtr<GError> owned(error);
+  return owned ? owned->message : "";
+}
+
+std::string LoadProblem(const std::string& text) {
+  return Load(GlibPtr<GKeyFile>(g_key_file_new()).get(), text);
+}
+
+/// Finds the first line of a text that does not load, which GLib does not tell.
+[[noreturn]] void ThrowMalformed(const std::string& text, const std::string& path) {
+  std::size_t line = 0;
+  std::size_t end = 0;
+  std::string problem;
+  while (problem.empty()) {
+    ++line;
+    end = std::min(text.find('\n', end), text.size() - 1) + 1;
+    problem = LoadProblem(text.substr(0, end));
+  }
+  throw std::runtime_error(path + ":" + std::to_string(line) + ": " + problem);
+}
+
+void CopyKeys(GKeyFile* file, const char* group, IniFile& to) {
+  const GlibPtr<char*> keys(g_key_file_get_keys(file, group, nullptr, nullptr));
+  for (char** key = keys.get(); *key; ++key) {
+    const GlibPtr<char> value(g_key_file_get_value(file, group, *key, nullptr));
+    to.SetValue(group, *key, value.get());
+  }
+}
+
+IniFile Copied(GKeyFile* file) {
+  IniFile settings;
+  const GlibPtr<char*> groups(g_key_file_get_groups(file, nullptr));
+  for (char** group = groups.get(); *group; ++group) {
+    settings.AddGroup(*group);
+    CopyKeys(file, *group, settings);
+  }
+  return settings;
+}
+
+/// Whether a text is read as nothing but `expected`.
+bool IsReadAs(const IniFile& expected, const std::string& text) {
+  const GlibPtr<GKeyFile> file(g_key_file_new());
+  return Load(file.get(), text).empty() && Copied(file.get()).AllGroups() == expected.AllGroups();
+}
+
+}  // namespace
+
+IniFile ParsedStore(const std::string& text, const std::string& path) {
+  const GlibPtr<GKeyFile> file(g_key_file_new());
+  if (!Load(file.get(), text).empty()) ThrowMalformed(text, path);
+  return Copied(file.get());
+}
+
+bool IsHoldable(const std::string& group) {
+  IniFile expected;
+  expected.AddGroup(group);
+  return IsReadAs(expected, "[" + group + "]\n");
+}
+
+bool IsHoldable(const std::string& group, const std::string& key, const std::string& value) {
+  IniFile expected;
+  expected.SetValue(group, key, value);
+  return IsReadAs(expected, "[" + group + "]\n" + key + "=" + value + "\n");
+}
+
+}  // namespace settings
+}  // namespace tavrel

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <memory>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include <tavrel/core/IniFile.h>
+
+namespace tavrel {
+namespace settings {
+
+class IChangeCallback;
+class Store;
+class TavrelSettingsClient;
+
+/// Who wants to be told of changes of which groups, and what each of them knows.
+///
+/// Threads: any, but only one delivers. No lock is held while a callback is called.
+class Subscriptions {
+ public:
+  /// @param source  what callbacks are told as the source of changes
+  explicit Subscriptions(TavrelSettingsClient* source) : m_source(source) {}
+
+  /// @param known  what the callback knows of the groups that match `pattern`
+  void Add(IChangeCallback* callback, const std::string& pattern,
+           const core::IniFile::Groups& known);
+
+  /// Ends all subscriptions of a callback: no delivery to it is begun any more.
+  void Remove(const IChangeCallback* callback);
+
+  /// Ends all subscriptions.
+  void Clear();
+
+  /// Tells each callback how the store differs from what it knows.
+  ///
+  /// Errors: as `Store::Read`; then nobody is told. What a callback throws is swallowed.
+  void DeliverChanges(const Store& store);
+
+ private:
+  struct Subscription;
+  using List = std::vector<std::shared_ptr<Subscription>>;
+
+  List Current() const;
+  IChangeCallback* CallbackOf(const Subscription& subscription) const;
+  void Deliver(Subscription& subscription, const core::IniFile::Groups& groups) const;
+  template <typename Condition>
+  void End(const Condition& isMeant);
+
+  TavrelSettingsClient* const m_source;
+  mutable std::mutex m_mutex;
+  List m_list;  // under m_mutex
+};
+
+}  // namespace settings
+}  // namespace tavrel

@@ -1,0 +1,178 @@
+#include <cstddef>
+#include <cstdlib>
+#include <filesystem>
+#include <limits>
+#include <memory>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+#include <tavrel/settings/ResourceReserver.h>
+#include <tavrel/settings/TavrelSettingsClient.h>
+
+#include "tests/host/tavrel/ChildProcess.h"
+#include "tests/host/tavrel/StoreTest.h"
+
+namespace tavrel {
+namespace settings {
+namespace {
+
+using testing::HasSubstr;
+using testing::ThrowsMessage;
+
+constexpr int kLargest = std::numeric_limits<int>::max();
+constexpr int kSmallest = std::numeric_limits<int>::min();
+
+struct Row {
+  const char* name;
+  const char* store;
+  int available;
+};
+
+void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+
+const Row kRows[] = {
+    {"NoStore", "", 0},
+    {"NoClaims", "[Resources/CPU]\nCapacity=8\n", 8},
+    {"NoCapacity", "[Resources/CPU]\n[Resources/CPU/A]\nUsage=3\n", -3},
+    {"TwoClaims",
+     "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A]\nUsage=3\n[Resources/CPU/"
+     "Analytics]\nUsage=4\n",
+     1},
+    {"LoweredCapacity", "[Resources/CPU]\nCapacity=2\n[Resources/CPU/A]\nUsage=3\n", -1},
+    {"ConsumerWithoutUsage", "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A]\nOther=3\n", 8},
+    {"UsageThatIsNoNumber", "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A]\nUsage=all\n", 8},
+    {"DeeperGroup", "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A/B]\nUsage=3\n", 8},
+    {"OtherResources",
+     "[Resources/CPU]\nCapacity=8\n[Resources/CPU2/A]\nUsage=3\n[Resources/GPU/A]\nUsage=3\n", 8},
+    {"SumBeyondTheRange",
+     "[Resources/CPU]\nCapacity=0\n[Resources/CPU/A]\nUsage=2147483647\n"
+     "[Resources/CPU/B]\nUsage=2147483647\n",
+     kSmallest},
+    {"NegativeUsage", "[Resources/CPU]\nCapacity=2147483647\n[Resources/CPU/A]\nUsage=-1\n",
+     kLargest},
+};
+
+class Availability : public tests::StoreTest, public testing::WithParamInterface<Row> {};
+
+TEST_P(Availability, IsTheCapacityLessAllClaims) {
+  Write(GetParam().store);
+  TavrelSettingsClient client(TavrelSettingsClient::kQuery);
+  EXPECT_EQ(GetParam().available,
+            ResourceReserver(&client, "CPU", "Analytics").GetAvailableResources());
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, Availability, testing::ValuesIn(kRows),
+                         testing::PrintToStringParamName());
+
+class AClaim : public tests::StoreTest {
+ protected:
+  static bool Claim(int units) {
+    TavrelSettingsClient client(TavrelSettingsClient::kQuery);
+    return ResourceReserver(&client, "CPU", "Analytics").TrySetUsage(units);
+  }
+
+  std::string Usage() const {
+    std::string usage = "none";
+    Store().Read().TryGetValue(usage, "Resources/CPU/Analytics", "Usage");
+    return usage;
+  }
+};
+
+TEST_F(AClaim, UpToTheCapacityIsAccepted) {
+  Write("[Resources/CPU]\nCapacity=8\n");
+  EXPECT_TRUE(Claim(8));
+  EXPECT_EQ("8", Usage());
+}
+
+TEST_F(AClaim, BeyondTheCapacityIsRefused) {
+  Write("[Resources/CPU]\nCapacity=8\n");
+  EXPECT_FALSE(Claim(9));
+  EXPECT_EQ("none", Usage());
+}
+
+TEST_F(AClaim, TogetherWithOthersBeyondTheCapacityIsRefused) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Other]\nUsage=3\n");
+  EXPECT_FALSE(Claim(6));
+  EXPECT_TRUE(Claim(5));
+}
+
+TEST_F(AClaim, ReplacesTheEarlierOne) {
+  Write("[Resources/CPU]\nCapacity=8\n");
+  EXPECT_TRUE(Claim(5));
+  EXPECT_TRUE(Claim(7));
+  EXPECT_EQ("7", Usage());
+}
+
+TEST_F(AClaim, KeepsTheEarlierOneIfItIsRefused) {
+  Write("[Resources/CPU]\nCapacity=8\n");
+  EXPECT_TRUE(Claim(5));
+  EXPECT_FALSE(Claim(9));
+  EXPECT_EQ("5", Usage());
+}
+
+TEST_F(AClaim, OfNothingGivesAllBack) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Analytics]\nUsage=5\n");
+  EXPECT_TRUE(Claim(0));
+  EXPECT_EQ("0", Usage());
+}
+
+TEST_F(AClaim, OfANegativeNumberIsRefused) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Analytics]\nUsage=5\n");
+  EXPECT_FALSE(Claim(-1));
+  EXPECT_FALSE(Claim(kSmallest));
+  EXPECT_EQ("5", Usage());
+}
+
+TEST_F(AClaim, OfTheLargestNumberDoesNotOverflow) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Other]\nUsage=2147483647\n");
+  EXPECT_FALSE(Claim(kLargest));
+}
+
+TEST_F(AClaim, OfAnUnknownResourceIsRefused) {
+  EXPECT_FALSE(Claim(1));
+  EXPECT_FALSE(std::filesystem::exists(Path()));
+}
+
+TEST_F(AClaim, InAMalformedStoreIsReported) {
+  Write("[Resources/CPU]\nabc\n");
+  const auto isReported = ThrowsMessage<std::runtime_error>(HasSubstr(Path() + ":2: "));
+  EXPECT_THAT([] { Claim(1); }, isReported);
+  EXPECT_THAT([] { ResourceReserver(nullptr, "CPU", "Analytics").GetAvailableResources(); },
+              isReported);
+}
+
+class RacingClaims : public tests::StoreTest {
+ protected:
+  using Process = std::unique_ptr<tests::ChildProcess>;
+
+  /// Starts a process that claims one unit for a consumer of its own, and succeeds if it gets it.
+  Process Claimer(const std::string& consumer) {
+    return std::make_unique<tests::ChildProcess>([this, consumer] {
+      m_start.Wait();
+      ResourceReserver reserver(nullptr, "CPU", consumer);
+      return reserver.TrySetUsage(1) ? EXIT_SUCCESS : EXIT_FAILURE;
+    });
+  }
+
+  tests::StartSignal m_start;
+};
+
+TEST_F(RacingClaims, NeverExceedTheCapacity) {
+  constexpr int kCapacity = 6;
+  Write("[Resources/CPU]\nCapacity=" + std::to_string(kCapacity) + "\n");
+  std::vector<Process> claimers(24);
+  for (std::size_t number = 0; number < claimers.size(); ++number)
+    claimers[number] = Claimer("Consumer" + std::to_string(number));
+  m_start.Give();
+  int accepted = 0;
+  for (const Process& claimer : claimers) accepted += claimer->Wait() == EXIT_SUCCESS ? 1 : 0;
+  EXPECT_EQ(kCapacity, accepted);
+  EXPECT_EQ(0, ResourceReserver(nullptr, "CPU", "Any").GetAvailableResources());
+}
+
+}  // namespace
+}  // namespace settings
+}  // namespace tavrel

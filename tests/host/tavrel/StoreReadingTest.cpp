@@ -1,0 +1,117 @@
+#include <filesystem>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "tests/host/tavrel/StoreTest.h"
+
+namespace tavrel {
+namespace settings {
+namespace {
+
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+using testing::ThrowsMessage;
+
+using Expected = core::IniFile::Groups;
+
+struct Format {
+  const char* name;
+  const char* text;
+  Expected groups;
+};
+
+void PrintTo(const Format& row, std::ostream* out) { *out << row.name; }
+
+const Format kFormats[] = {
+    {"NoText", "", {}},
+    {"CommentsAlone", "# nothing\n\n   # more\n", {}},
+    {"OneKey", "[A]\nx=1\n", {{"A", {{"x", "1"}}}}},
+    {"NoLineBreakAtTheEnd", "[A]\nx=1", {{"A", {{"x", "1"}}}}},
+    {"LineEndsOfOtherSystems", "[A]\r\nx=1\r\n", {{"A", {{"x", "1"}}}}},
+    {"EmptyGroup", "[A]\n[B]\n", {{"A", {}}, {"B", {}}}},
+    {"GroupWithSlashAndHash", "[A/B#1]\nx=1\n", {{"A/B#1", {{"x", "1"}}}}},
+    {"EmptyValue", "[A]\nx=\n", {{"A", {{"x", ""}}}}},
+    {"ValueWithEqualsSign", "[A]\nx=1=2\n", {{"A", {{"x", "1=2"}}}}},
+    {"ValueWithHash", "[A]\nx=1 # one\n", {{"A", {{"x", "1 # one"}}}}},
+    {"ValueWithBackslash", "[A]\nx=\\n\\s\\\n", {{"A", {{"x", R"(\n\s\)"}}}}},
+    {"BlanksAroundTheEqualsSign", "[A]\n  x y \t= \t1\n", {{"A", {{"x y", "1"}}}}},
+    {"BlanksAfterAValue", "[A]\nx=1 \n", {{"A", {{"x", "1 "}}}}},
+    {"CommentBetweenKeys", "[A]\nx=1\n# y=2\nz=3\n", {{"A", {{"x", "1"}, {"z", "3"}}}}},
+    {"GroupTwice", "[A]\nx=1\n[B]\n[A]\ny=2\n", {{"A", {{"x", "1"}, {"y", "2"}}}, {"B", {}}}},
+    {"KeyTwice", "[A]\nx=1\nx=2\n", {{"A", {{"x", "2"}}}}},
+    {"KeysInLanguages", "[A]\nx=1\nx[de]=2\n", {{"A", {{"x", "1"}, {"x[de]", "2"}}}}},
+    {"BytesThatAreNoUnicode", "[A]\nx=\xff\n", {{"A", {{"x", "\xff"}}}}},
+};
+
+class AStore : public tests::StoreTest {};
+
+class TheText : public tests::StoreTest, public testing::WithParamInterface<Format> {};
+
+TEST_P(TheText, GivesGroupsAndKeys) {
+  Write(GetParam().text);
+  EXPECT_EQ(GetParam().groups, Groups());
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, TheText, testing::ValuesIn(kFormats),
+                         testing::PrintToStringParamName());
+
+struct Malformed {
+  const char* name;
+  std::string text;
+  const char* line;
+  const char* reason;
+};
+
+void PrintTo(const Malformed& row, std::ostream* out) { *out << row.name; }
+
+const Malformed kMalformed[] = {
+    {"NeitherKeyNorGroup", "# first\n\n[A]\nx=1\nabc\ny=2\n", ":5: ", "abc"},
+    {"TwoBadLines", "[A]\nfirst\nsecond\n", ":2: ", "first"},
+    {"LastLineWithoutBreak", "[A]\nabc", ":2: ", "abc"},
+    {"KeyBeforeTheFirstGroup", "# first\nx=1\n[A]\n", ":2: ", "group"},
+    {"GroupThatIsNotClosed", "[A]\nx=1\n[B\n", ":3: ", "[B"},
+    {"TextAfterAGroup", "[A] # first\n", ":1: ", "[A] # first"},
+    {"GroupWithoutName", "[]\n", ":1: ", "group name"},
+    {"KeyWithoutName", "[A]\n=1\n", ":2: ", "=1"},
+    {"CommentWithSemicolon", "[A]\n; first\n", ":2: ", "; first"},
+    {"NullByte", std::string("[A]\nx=1\ny=\0002\n", 13), ":3: ", "null byte"},
+};
+
+class AMalformedLine : public tests::StoreTest, public testing::WithParamInterface<Malformed> {};
+
+TEST_P(AMalformedLine, IsReportedWithFileAndLine) {
+  Write(GetParam().text);
+  EXPECT_THAT([] { Store().Read(); },
+              ThrowsMessage<std::runtime_error>(
+                  AllOf(StartsWith(Path() + GetParam().line), HasSubstr(GetParam().reason))));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AMalformedLine, testing::ValuesIn(kMalformed),
+                         testing::PrintToStringParamName());
+
+TEST_F(AStore, IsEmptyIfTheFileDoesNotExist) {
+  EXPECT_THAT(Groups(), IsEmpty());
+  EXPECT_FALSE(std::filesystem::exists(Path()));
+}
+
+TEST_F(AStore, ThatIsADirectoryIsReported) {
+  std::filesystem::create_directory(Path());
+  EXPECT_THAT([] { Store().Read(); },
+              ThrowsMessage<std::runtime_error>(AllOf(HasSubstr(Path()), HasSubstr("directory"))));
+}
+
+TEST_F(AStore, BelowAFileIsReported) {
+  Write("");
+  setenv("TAVREL_SETTINGS", (Path() + "/below.ini").c_str(), 1);
+  EXPECT_THAT([] { Store().Read(); }, ThrowsMessage<std::runtime_error>(
+                                          AllOf(HasSubstr(Path()), HasSubstr("Not a directory"))));
+}
+
+}  // namespace
+}  // namespace settings
+}  // namespace tavrel

@@ -1,0 +1,123 @@
+#include <filesystem>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <tavrel/settings/ResourceReserver.h>
+#include <tavrel/settings/TavrelSettingsClient.h>
+
+#include "tests/host/tavrel/ChangeRecorder.h"
+#include "tests/host/tavrel/ChildProcess.h"
+#include "tests/host/tavrel/FileReads.h"
+#include "tests/host/tavrel/StoreTest.h"
+
+namespace tavrel {
+namespace settings {
+namespace {
+
+using core::IniFile;
+using testing::ElementsAre;
+
+/// A store in which the key "x" is watched from "1" on.
+class AWatchedStore : public tests::StoreTest {
+ protected:
+  AWatchedStore() {
+    Write("[A]\nx=1\n");
+    m_client.Subscribe(&m_recorder, "A");
+  }
+
+  tests::ChangeRecorder m_recorder;
+  TavrelSettingsClient m_client{TavrelSettingsClient::kObserve};
+};
+
+TEST_F(AWatchedStore, TellsOfAnEditOfItsOwnProcess) {
+  Set("A", "x", "2");
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, TellsOfAnEditOfAnotherProcess) {
+  tests::ChildProcess editor([] {
+    Set("A", "x", "2");
+    return 0;
+  });
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, TellsOfAClaimOfAResource) {
+  tests::ChangeRecorder recorder;
+  m_client.Subscribe(&recorder, "Resources/*");
+  ResourceReserver(&m_client, "CPU", "Analytics").TrySetUsage(0);
+  recorder.WaitForValue("Resources/CPU/Analytics", "Usage", "0");
+}
+
+TEST_F(AWatchedStore, TellsOfAFileMovedIntoItsPlace) {
+  ReplaceBy("[A]\nx=2\n");
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, TellsOfAFileWrittenInPlace) {
+  Write("[A]\nx=2\n");
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, TellsOfARemovedFile) {
+  std::filesystem::remove(Path());
+  EXPECT_THAT(m_recorder.Next().RemovedGroups(), ElementsAre("A"));
+}
+
+TEST_F(AWatchedStore, TellsOfAFileMovedAway) {
+  std::filesystem::rename(Path(), m_directory.PathOf("old.ini"));
+  EXPECT_THAT(m_recorder.Next().RemovedGroups(), ElementsAre("A"));
+}
+
+TEST_F(AWatchedStore, TellsOfAFileCreatedAnew) {
+  std::filesystem::remove(Path());
+  m_recorder.Next();
+  Write("[A]\nx=2\n");
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, TellsOfAFileLinkedIntoItsPlace) {
+  std::filesystem::remove(Path());
+  m_recorder.Next();
+  std::filesystem::create_hard_link(m_directory.Write("other.ini", "[A]\nx=2\n"), Path());
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, KeepsItsLastGoodStateWhileItIsMalformed) {
+  Write("[A]\nx=1\ny=1\n");
+  m_recorder.WaitForValue("A", "y", "1");
+  tests::FileReads reads(m_directory.Write("other.ini", "[A]\nx=2\nabc\n"));
+  std::filesystem::rename(m_directory.PathOf("other.ini"), Path());
+  reads.WaitForOne();
+  ReplaceBy("[A]\nx=2\ny=1\n");
+  EXPECT_EQ((IniFile::Groups{{"A", {{"x", "2"}}}}), m_recorder.Next().AllGroups());
+}
+
+TEST_F(AWatchedStore, KeepsItsLastGoodStateWhileItCannotBeRead) {
+  const std::string directory = m_directory.PathOf("directory");
+  std::filesystem::create_directory(directory);
+  tests::FileReads reads(directory);
+  std::filesystem::rename(Path(), m_directory.PathOf("old.ini"));
+  m_recorder.Next();
+  std::filesystem::rename(directory, Path());
+  reads.WaitForOne();
+  std::filesystem::remove(Path());
+  Write("[A]\nx=2\n");
+  EXPECT_EQ((IniFile::Groups{{"A", {{"x", "2"}}}}), m_recorder.Next().AllGroups());
+}
+
+TEST(ADirectoryThatDoesNotExist, IsCreatedForWatching) {
+  const tests::TemporaryDirectory parent;
+  const std::string path = parent.PathOf("a/b/store.ini");
+  setenv("TAVREL_SETTINGS", path.c_str(), 1);
+  tests::ChangeRecorder recorder;
+  TavrelSettingsClient client(TavrelSettingsClient::kObserve);
+  client.Subscribe(&recorder, "A");
+  parent.Write("a/b/store.ini", "[A]\nx=1\n");
+  recorder.WaitForValue("A", "x", "1");
+  unsetenv("TAVREL_SETTINGS");
+}
+
+}  // namespace
+}  // namespace settings
+}  // namespace tavrel
