@@ -33,9 +33,10 @@ xmlNodePtr Selection::Node(int index) const {
 std::string Selection::FirstText() const { return m_count > 0 ? NodeText(Node(0)) : std::string(); }
 
 int Selection::Delete() {
+  // All are detached before any is freed: then none lies within another, so none is freed twice,
+  // in whatever order libxml2 puts namespace nodes among them.
+  for (int index = 0; index < m_count; ++index) xmlUnlinkNode(m_result->nodesetval->nodeTab[index]);
   int freed = 0;
-  // Descendants and attributes follow their element in document order, so from last to first none
-  // is freed before its own turn.
   for (int index = m_count - 1; index >= 0; --index) {
     xmlNodePtr& node = m_result->nodesetval->nodeTab[index];
     if (!RemoveNode(node)) continue;

@@ -11,14 +11,18 @@ namespace analytics {
 /// ignored, text without a leading number gives 0, a number out of range the type's limit.
 template <typename Number>
 Number NumberFromText(const std::string& text, Number fallback) {
+  if (text.empty()) return fallback;  // the usual case of an absent text, without a stream
+  std::istringstream stream(text);
+  stream.exceptions(std::ios::badbit);  // else the stream keeps std::bad_alloc to itself
   Number value = fallback;
-  std::istringstream(text) >> value;  // the stream's state is not looked at
+  stream >> value;  // the stream's state is not looked at
   return value;
 }
 
 /// Writes a number in decimal, as a stream under the global locale does.
 inline std::string TextFromNumber(int value) {
   std::ostringstream text;
+  text.exceptions(std::ios::badbit);  // else the stream keeps std::bad_alloc to itself
   text << value;
   return text.str();
 }

@@ -48,9 +48,25 @@ bool SetOrAddItem(ProfileDoc& profile, const std::string& name, const Value& val
   return true;
 }
 
-bool IsActive(ProfileDoc& profile, DocumentNode* rule) {
-  return profile.GetSimpleItemValue("Active", 0, rule, true) != 0;
+std::string ItemText(ProfileDoc& profile, const std::string& itemQry, DocumentNode* context) {
+  const std::unique_ptr<DocumentNode> item(profile.SelectNode(itemQry, context));
+  return item ? item->GetProperty("Value") : std::string();
 }
+
+/// Tells whether rules are active; the query is built once for all of them.
+class ActivityCheck {
+ public:
+  explicit ActivityCheck(ProfileDoc& profile)
+      : m_profile(profile), m_activeQry(NamedItemQry("Active", true)) {}
+
+  bool operator()(DocumentNode* rule) const {
+    return NumberFromText(ItemText(m_profile, m_activeQry, rule), 0) != 0;
+  }
+
+ private:
+  ProfileDoc& m_profile;
+  const std::string m_activeQry;
+};
 
 bool Contains(const std::vector<std::string>& texts, const std::string& text) {
   return std::find(texts.begin(), texts.end(), text) != texts.end();
@@ -68,9 +84,7 @@ std::string ProfileDoc::ElementItemQry(bool throughParameters) {
 
 std::string ProfileDoc::GetSimpleItemValue(const std::string& name, DocumentNode* context,
                                            bool throughParameters) {
-  const std::unique_ptr<DocumentNode> item(
-      SelectNode(NamedItemQry(name, throughParameters), context));
-  return item ? item->GetProperty("Value") : std::string();
+  return ItemText(*this, NamedItemQry(name, throughParameters), context);
 }
 
 int ProfileDoc::GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context,
@@ -99,15 +113,15 @@ bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, const std::str
 
 bool ProfileDoc::RuleIsActive(const std::string& type) {
   const OwnedNodes rules(SelectRules(type));
-  const auto isActive = [this](DocumentNode* rule) { return IsActive(*this, rule); };
-  return std::count_if(rules.begin(), rules.end(), isActive) > 0;
+  return std::count_if(rules.begin(), rules.end(), ActivityCheck(*this)) > 0;
 }
 
 std::vector<std::string> ProfileDoc::ActiveRules() {
   std::vector<std::string> types;
   const OwnedNodes rules(SelectRules(std::string()));
+  const ActivityCheck isActive(*this);
   for (DocumentNode* rule : rules) {
-    if (!IsActive(*this, rule)) continue;
+    if (!isActive(rule)) continue;
     std::string type = rule->GetProperty("Type");
     if (!type.empty() && !Contains(types, type)) types.push_back(std::move(type));
   }

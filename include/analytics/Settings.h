@@ -129,7 +129,8 @@ class ANALYTICS_API Settings {
   /// A variable is the first `<variable name="" value=""/>` of that name in a `variables` element
   /// of the settings file, the name compared exactly. References are replaced leftmost first and
   /// the result is searched again, so values may hold references. A name runs to the first "}". An
-  /// undefined variable, or a name with a double quote, gives the empty text. "${}" ends the
+  /// undefined variable gives the empty text, as does a name with a double quote, unless it happens
+  /// to complete the query that it is put into unescaped. "${}" ends the
   /// substitution, as does a "${" without "}": what follows stays as it is.
   ///
   /// A variable whose value leads back to itself never ends. Settings files are written with the

@@ -1,0 +1,111 @@
+#include <string>
+
+#include <gmock/gmock.h>
+
+#include "tests/document/TestDocuments.h"
+#include "tests/document/XmlErrors.h"
+
+namespace analytics {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class AContextNode : public testing::Test {
+ protected:
+  ParsedDocument m_document{"<a><b><c>1</c><c>2</c></b><c>3</c></a>"};
+  const XmlErrors m_quiet;
+};
+
+TEST_F(AContextNode, OfNullIsTheRootElementForRelativePaths) {
+  EXPECT_EQ("3", m_document.GetSingleValue("c", nullptr));
+  EXPECT_EQ(3, m_document.GetSingleValue("c", 7, nullptr));
+  EXPECT_EQ(3.0, m_document.GetNumericValue("c", 7, nullptr));
+  EXPECT_THAT(m_document.GetMultipleValues("c", nullptr), ElementsAre("3"));
+  EXPECT_THAT(Dumps(m_document, "c", nullptr), ElementsAre("<c>3</c>"));
+}
+
+TEST_F(AContextNode, IsNullIfItIsNotGiven) {
+  EXPECT_EQ("3", m_document.GetSingleValue("c"));
+  EXPECT_EQ(3, m_document.GetSingleValue("c", 7));
+  EXPECT_EQ(3.0, m_document.GetNumericValue("c", 7));
+  EXPECT_THAT(m_document.GetMultipleValues("c"), ElementsAre("3"));
+  EXPECT_EQ("<c>3</c>", tests::NodePtr(m_document.SelectNode("c"))->DumpToString());
+  EXPECT_THAT(tests::Owned(m_document.SelectNodes("c")), testing::SizeIs(1));
+  EXPECT_EQ(1, m_document.DeleteNodes("c"));
+}
+
+TEST_F(AContextNode, OfNullServesAbsolutePathsToo) {
+  EXPECT_EQ("3", m_document.GetSingleValue("/a/c"));
+  EXPECT_THAT(m_document.GetMultipleValues("//c"), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(AContextNode, IsWhereRelativePathsStart) {
+  DocumentNode b = NodeAt(m_document, "b");
+  EXPECT_EQ("1", m_document.GetSingleValue("c", &b));
+  EXPECT_EQ(1, m_document.GetSingleValue("./c", 7, &b));
+  EXPECT_EQ(2.0, m_document.GetNumericValue("c[2]", 7, &b));
+  EXPECT_THAT(m_document.GetMultipleValues("c", &b), ElementsAre("1", "2"));
+  EXPECT_THAT(Dumps(m_document, "c", &b), ElementsAre("<c>1</c>", "<c>2</c>"));
+  EXPECT_EQ(2, m_document.DeleteNodes("c", &b));
+  EXPECT_EQ("<a><b/><c>3</c></a>", RootDump(m_document));
+}
+
+TEST_F(AContextNode, DoesNotConfineAbsolutePaths) {
+  DocumentNode b = NodeAt(m_document, "b");
+  EXPECT_EQ("3", m_document.GetSingleValue("/a/c", &b));
+  EXPECT_THAT(m_document.GetMultipleValues("//c", &b), ElementsAre("1", "2", "3"));
+  EXPECT_THAT(m_document.GetMultipleValues(".//c", &b), ElementsAre("1", "2"));
+}
+
+TEST_F(AContextNode, CanBeAnAttributeOrText) {
+  ParsedDocument document("<a><b x='1'>text</b></a>");
+  DocumentNode attribute = NodeAt(document, "b/@x");
+  DocumentNode text = NodeAt(document, "b/text()");
+  EXPECT_EQ("text", document.GetSingleValue("..", &attribute));
+  EXPECT_EQ("1", document.GetSingleValue("../@x", &text));
+}
+
+TEST_F(AContextNode, CanBeTheDocumentNode) {
+  DocumentNode above = NodeAt(m_document, "/");
+  EXPECT_EQ("3", m_document.GetSingleValue("a/c", &above));
+}
+
+TEST_F(AContextNode, HoldsForItsQueryOnly) {
+  DocumentNode b = NodeAt(m_document, "b");
+  EXPECT_EQ("1", m_document.GetSingleValue("c", &b));
+  EXPECT_EQ("3", m_document.GetSingleValue("c"));
+}
+
+TEST_F(AContextNode, OfNullIsTheNewRootElementAfterAnotherParse) {
+  EXPECT_EQ("3", m_document.GetSingleValue("c"));
+  ASSERT_TRUE(m_document.ParseString("<x><c>4</c></x>"));
+  EXPECT_EQ("4", m_document.GetSingleValue("c"));
+}
+
+TEST_F(AContextNode, ThatIsEmptyLeavesRelativePathsWithoutAnswer) {
+  DocumentNode empty;
+  EXPECT_EQ(nullptr, m_document.SelectNode("c", &empty));
+  EXPECT_THAT(m_document.SelectNodes("..", &empty), IsEmpty());
+  EXPECT_EQ("", m_document.GetSingleValue(".", &empty));
+  EXPECT_THAT(m_document.GetMultipleValues("@x", &empty), IsEmpty());
+  EXPECT_EQ(7, m_document.GetSingleValue("c", 7, &empty));
+  EXPECT_EQ(0.5, m_document.GetNumericValue("c", 0.5, &empty));
+  EXPECT_EQ(0, m_document.DeleteNodes("c", &empty));
+}
+
+TEST_F(AContextNode, ThatIsEmptyServesAbsolutePaths) {
+  DocumentNode empty;
+  EXPECT_EQ("3", m_document.GetSingleValue("/a/c", &empty));
+  EXPECT_THAT(m_document.GetMultipleValues("//c", &empty), ElementsAre("1", "2", "3"));
+}
+
+TEST_F(AContextNode, OfNullIsEmptyOnceTheRootElementIsDeleted) {
+  ASSERT_EQ(1, m_document.DeleteNodes("/*"));
+  EXPECT_EQ(nullptr, m_document.SelectNode("c"));
+  EXPECT_EQ(nullptr, m_document.SelectNode("."));
+  EXPECT_EQ(0, m_document.DeleteNodes("//c"));
+}
+
+}  // namespace
+}  // namespace analytics

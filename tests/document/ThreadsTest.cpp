@@ -1,0 +1,32 @@
+#include <thread>
+
+#include <gtest/gtest.h>
+
+#include "tests/document/TestDocuments.h"
+
+namespace analytics {
+namespace {
+
+/// Opens, queries and edits documents of its own; gives the sum of what it read.
+int Work() {
+  int sum = 0;
+  for (int round = 0; round < 100; ++round) {
+    ParsedDocument document("<r><a>1</a><a>2</a></r>");
+    const tests::NodePtr child(NodeAt(document, "/r").AddNewChild("b", round));
+    sum += document.GetSingleValue("b", 0) + document.DeleteNodes("a");
+  }
+  return sum;
+}
+
+TEST(DifferentDocuments, AreUsedByDifferentThreads) {
+  int sums[] = {0, 0};
+  std::thread first([&sums] { sums[0] = Work(); });
+  std::thread second([&sums] { sums[1] = Work(); });
+  first.join();
+  second.join();
+  EXPECT_EQ(4950 + 200, sums[0]);
+  EXPECT_EQ(4950 + 200, sums[1]);
+}
+
+}  // namespace
+}  // namespace analytics
