@@ -1,5 +1,6 @@
-# The platform that the library stands on, as the target Analytics::core: a camera SDK's where
-# ANALYTICS_PLATFORM_ROOT names one, else the host platform in host/.
+# The platform that the library stands on, as the targets Analytics::core, Analytics::tavrel and
+# Analytics::tavrel-settings: a camera SDK's where ANALYTICS_PLATFORM_ROOT names one, else the host
+# platform in host/.
 
 if(ANALYTICS_PLATFORM_ROOT)
   include(cmake/CameraPlatform.cmake)

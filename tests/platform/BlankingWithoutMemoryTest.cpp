@@ -1,0 +1,169 @@
+#include <new>
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "tests/platform/LoadedLibrary.h"
+#include "tests/platform/PlatformCalls.h"
+#include "tests/platform/Regions.h"
+#include "tests/platform/Subscribers.h"
+#include "tests/support/FailingAllocation.h"
+
+namespace {
+
+using testing::ElementsAre;
+using tests::Calls;
+using tests::IniFile;
+using tests::Listener;
+using tests::LoadedLibrary;
+using tests::Named;
+using tests::NoteCall;
+using tests::WithEachAllocationFailing;
+
+fakes::CallLog& Log() { return fakes::CallLog::Instance(); }
+
+fakes::Platform& Platform() { return fakes::Platform::Instance(); }
+
+/// A fresh load of the library, in a process whose memory runs out.
+class BlankingWithoutMemory : public testing::Test {
+ protected:
+  void SetUp() override {
+    Platform().Reset();
+    Platform().stored = tests::SwitchedOn({tests::RedRegion(), tests::BlueRegion()});
+  }
+  void TearDown() override { Platform().Reset(); }
+
+  /// What a new subscriber is told at once.
+  Listener NewListener() const {
+    Listener listener;
+    m_library.Subscribe(&Listener::Hear, &listener);
+    m_library.Unsubscribe(&Listener::Hear, &listener);
+    return listener;
+  }
+
+  static void ExpectLockReleased() {
+    EXPECT_EQ(Log().CallsOf("Mutex::Lock()").size(), Log().CallsOf("Mutex::Unlock()").size());
+  }
+
+  const LoadedLibrary m_library;
+};
+
+TEST_F(BlankingWithoutMemory, MakesTheInstanceOnceThereIsMemory) {
+  analytics::WindowBlankingChanges* instance = nullptr;
+  WithEachAllocationFailing([&] { instance = m_library.Instance(); });
+  EXPECT_NE(nullptr, instance);
+  EXPECT_EQ(instance, m_library.Instance());
+  m_library.Start();
+  EXPECT_THAT(tests::ColoursOf(NewListener().record), ElementsAre(tests::kRed, tests::kBlue));
+}
+
+TEST_F(BlankingWithoutMemory, ReplacesTheImplementationWhereTheFacadeCouldNotBeMade) {
+  WithEachAllocationFailing([&] {
+    Log().Clear();
+    m_library.Instance();
+  });
+  if (IsSkipped()) return;
+  // The last run, in which the implementation of the run before is still there.
+  EXPECT_THAT(Log().Calls(),
+              ElementsAre("Mutex::Mutex(true)", "TavrelSettingsClient::TavrelSettingsClient(0)",
+                          "IniFile::IniFile()", "IniFile::~IniFile()",
+                          "TavrelSettingsClient::~TavrelSettingsClient()", "Mutex::~Mutex()",
+                          "IChangeCallback::~IChangeCallback()"));
+}
+
+TEST_F(BlankingWithoutMemory, KeepsOneImplementationOfAllThatItMade) {
+  WithEachAllocationFailing([&] { m_library.Instance(); });
+  EXPECT_EQ(Log().CallsOf("TavrelSettingsClient::TavrelSettingsClient(").size(),
+            Log().CallsOf("TavrelSettingsClient::~").size() + 1);
+  EXPECT_EQ(Log().CallsOf("IniFile::IniFile()").size(),
+            Log().CallsOf("IniFile::~IniFile()").size() + 1);
+  EXPECT_EQ(Log().CallsOf("Mutex::Mutex(").size(), Log().CallsOf("Mutex::~").size() + 1);
+}
+
+TEST_F(BlankingWithoutMemory, LetsTheFailureOfASubscriptionOutAndStoresNothing) {
+  m_library.Instance();
+  Listener listener;
+  WithEachAllocationFailing([&] { m_library.Subscribe(&Listener::Hear, &listener); });
+  m_library.SetConfiguration(tests::OneRegion());
+  EXPECT_EQ(1, listener.calls);
+  ExpectLockReleased();
+}
+
+TEST_F(BlankingWithoutMemory, DoesNotTellASubscriberThatItCannotStore) {
+  m_library.Start();
+  Listener listener;
+  WithEachAllocationFailing([&] { m_library.Subscribe(&Listener::Hear, &listener); });
+  EXPECT_EQ(1, listener.calls);
+  EXPECT_THAT(tests::ColoursOf(listener.record), ElementsAre(tests::kRed, tests::kBlue));
+}
+
+TEST_F(BlankingWithoutMemory, KeepsTheOrderOfSubscribersWhoseListCouldNotGrow) {
+  m_library.Instance();
+  const char* const names[] = {"A", "B", "C", "D", "E", "F", "G", "H", "I"};
+  Calls expected;
+  for (const char* const name : names) {
+    expected.push_back(std::string("Subscriber(") + name + ")");
+  }
+  WithEachAllocationFailing([&] {
+    for (const char* const name : names) m_library.Unsubscribe(&NoteCall, Named(name));
+    for (const char* const name : names) m_library.Subscribe(&NoteCall, Named(name));
+  });
+  m_library.SetConfiguration(tests::OneRegion());
+  EXPECT_EQ(expected, tests::CalledSubscribers());
+}
+
+TEST_F(BlankingWithoutMemory, IsStartedAndSubscribedUnlessTheFailureGotOut) {
+  NewListener();  // so that the list has room and only the start needs memory
+  int runs = 0;
+  int starts = 0;
+  bool isStarted = false;
+  WithEachAllocationFailing([&] {
+    ++runs;
+    EXPECT_EQ(isStarted ? 1U : 0U, Platform().subscriptions.size());
+    m_library.Stop();
+    isStarted = false;
+    m_library.Start();
+    isStarted = true;
+    ++starts;
+    if (NewListener().calls == 0) throw std::bad_alloc();  // what the start has swallowed
+  });
+  ExpectLockReleased();
+  if (IsSkipped()) return;
+  EXPECT_GT(runs, starts) << "no failure got out";
+  EXPECT_GT(starts, 1) << "no failure was swallowed";
+}
+
+TEST_F(BlankingWithoutMemory, HasTheRegionsOnceAStartHasMemory) {
+  NewListener();
+  WithEachAllocationFailing([&] {
+    m_library.Stop();
+    m_library.Start();
+    if (NewListener().calls == 0) throw std::bad_alloc();  // what the start has swallowed
+  });
+  EXPECT_THAT(tests::ColoursOf(NewListener().record), ElementsAre(tests::kRed, tests::kBlue));
+}
+
+TEST_F(BlankingWithoutMemory, LetsNothingOutOfAChangeAndTellsNobodyOrTheOldRecord) {
+  const IniFile change = tests::Settings({{tests::RegionGroup(3), tests::GreenRegion()}});
+  Listener listener;
+  m_library.Subscribe(&Listener::Hear, &listener);
+  m_library.Start();
+  int untold = 0;
+  int toldOld = 0;
+  WithEachAllocationFailing([&] {
+    listener.calls = 0;
+    EXPECT_NO_THROW(tests::Change(change));
+    if (listener.calls == 1 && listener.record.count == 3) return;
+    ++(listener.calls == 0 ? untold : toldOld);
+    throw std::bad_alloc();  // what the change has swallowed
+  });
+  EXPECT_THAT(tests::ColoursOf(listener.record),
+              ElementsAre(tests::kRed, tests::kBlue, tests::kGreen));
+  ExpectLockReleased();
+  if (IsSkipped()) return;
+  EXPECT_GT(untold, 0);
+  EXPECT_GT(toldOld, 0);
+}
+
+}  // namespace
