@@ -63,8 +63,10 @@ void DocumentNode::AddChild(DocumentNode* child) {
   if (!m_handle || !child || !child->m_handle) return;
   const xmlNodePtr parent = Node(m_handle);
   const xmlNodePtr node = Node(child->m_handle);
-  // libxml2 neither detaches a node that is linked elsewhere nor notices a cycle.
-  if (node->parent == parent || LiesWithin(node, parent)) return;
+  // libxml2 neither detaches a node that is linked elsewhere nor notices a cycle, and would take a
+  // document node, which only its document frees.
+  if (node->type == XML_DOCUMENT_NODE || node->parent == parent) return;
+  if (LiesWithin(node, parent)) return;
   xmlUnlinkNode(node);
   xmlAddChild(parent, node);
 }

@@ -72,7 +72,7 @@ class ANALYTICS_API Document {
 
   /// The root element.
   ///
-  /// @return a new node that the caller deletes, empty if the root element was deleted; null if the
+  /// @return a new node that the caller deletes, empty if the root was deleted; null if the
   ///         document is closed
   DocumentNode* SelectRootNode();
 
@@ -135,8 +135,7 @@ class ANALYTICS_API Document {
   /// standard output. An empty prefix does not ask for the default namespace.
   ///
   /// @return an `xmlNs*` of libxml2, owned by the document; null if there is none or the document
-  /// is
-  ///         closed
+  ///         is closed
   void* GetNs(const std::string& prefix);
 
   /// The namespace that `prefix` stands for at `node`; else as the form for the root element, with

@@ -85,8 +85,10 @@ class ANALYTICS_API DocumentNode {
   /// Appends an existing node as the last child; the node belongs to this tree from then on.
   ///
   /// A node that is linked elsewhere is moved, one that is already a child here keeps its place.
-  /// Nothing happens if either node is empty, if `child` is null, or if this node lies inside
-  /// `child`. Text that follows text is merged into it and freed: `child` then dangles.
+  /// Its namespaces stay those of its former place: call `ReconciliateNs()` on it before the
+  /// element or the document that declares them is freed. Nothing happens if either node is empty,
+  /// if `child` is null or a document node, or if this node lies inside `child`. Text that follows
+  /// text is merged into it and freed: `child` then dangles.
   void AddChild(DocumentNode* child);
 
   /// Detaches the node and its subtree from the tree.

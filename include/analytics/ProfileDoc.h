@@ -138,8 +138,7 @@ class ANALYTICS_API ProfileDoc : public Document {
   /// Appends the points that `xpath` selects, in document order.
   ///
   /// @param points   appended to and never cleared, so that lists can be gathered
-  /// @param xpath    selects the elements with the attributes "x" and "y"; an absent coordinate is
-  /// 0
+  /// @param xpath    selects the elements with the attributes "x" and "y"; an absent one is 0
   /// @param context  where a relative path starts; null means the root element
   /// @return whether anything was selected
   bool GetPoints(std::vector<types::Point>& points, const std::string& xpath,

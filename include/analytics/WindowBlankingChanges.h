@@ -1,6 +1,6 @@
 #pragma once
 
-#include <stdint.h>
+#include <stdint.h>  // NOLINT(modernize-deprecated-headers): C programs read this header too
 
 /// Colour of one active window-blanking region, BT.601 limited range.
 struct tagWindowBlankingRegion {
@@ -26,6 +26,7 @@ struct tagWindowBlankingRegions {
 /// @param data     a `tagWindowBlankingRegions`, valid only during the call
 /// @param size     always 388, the size of the record in bytes
 /// @return ignored
+// NOLINTNEXTLINE(modernize-use-using): C programs read this header too.
 typedef int (*WindowBlankingCallback)(void* context, int kind, void* data, int size);
 
 #ifdef __cplusplus
@@ -43,8 +44,8 @@ namespace analytics {
 /// nothing.
 ///
 /// Ownership: the library owns the instance until it is unloaded; a subscription still in force
-/// then is not ended first, so call `Stop()` before unloading. Subscribers' contexts are never
-/// freed.
+/// then is not ended first, so call `Stop()` before unloading. A change that is being delivered can
+/// outlast `Stop()`; unload the library only once none is. Subscribers' contexts are never freed.
 ///
 /// Errors: what the platform throws reaches the caller of `Start` and `Stop`, what a subscriber
 /// throws the caller of `Subscribe` and `SetConfiguration`. Within a change that the platform

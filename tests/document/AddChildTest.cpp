@@ -163,6 +163,22 @@ TEST_F(AddingANodeOfAnotherDocument, MovesItsRootElement) {
   EXPECT_EQ("er", m_target.GetSingleValue("child/s/moved/deep"));
 }
 
+TEST_F(AddingANodeOfAnotherDocument, DoesNothingForItsDocumentNode) {
+  DocumentNode document = NodeAt(m_source, "/");
+  NodeAt(m_target, "/t").AddChild(&document);
+  EXPECT_EQ("<t><child/></t>", RootDump(m_target));
+  EXPECT_EQ("er", m_source.GetSingleValue("moved/deep"));
+}
+
+TEST_F(AddingANodeOfAnotherDocument, KeepsItsNamespaceOnceThatIsReconciled) {
+  ASSERT_TRUE(m_source.ParseString("<s xmlns:p='urn:p'><p:moved/></s>"));
+  DocumentNode moved = NodeAt(m_source, "*");
+  NodeAt(m_target, "/t").AddChild(&moved);
+  moved.ReconciliateNs();
+  m_source.Close();
+  EXPECT_EQ("<p:moved xmlns:p=\"urn:p\"/>", moved.DumpToString());
+}
+
 TEST_F(AddingANodeOfAnotherDocument, MovesADetachedOne) {
   m_moved.Unlink(false);
   NodeAt(m_target, "/t").AddChild(&m_moved);

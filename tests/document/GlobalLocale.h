@@ -24,8 +24,9 @@ class CommaNumbers : public std::numpunct<char> {
 /// Has the process write and read numbers in a way of its own, for a scope.
 class GlobalLocale {
  public:
-  /// @param numbers  owned by the locale that is made of it
-  explicit GlobalLocale(std::numpunct<char>* numbers)
+  /// @param numbers  a facet, owned by the locale that is made of it
+  template <typename Facet>
+  explicit GlobalLocale(Facet* numbers)
       : m_former(std::locale::global(std::locale(std::locale::classic(), numbers))) {}
   ~GlobalLocale() { std::locale::global(m_former); }
 

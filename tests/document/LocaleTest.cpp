@@ -1,3 +1,4 @@
+#include <locale>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -38,6 +39,33 @@ TEST_F(ALocaleThatGroupsDigits, LeavesShortNumbersAlone) {
 TEST_F(ALocaleThatGroupsDigits, ReadsBackWhatItWrote) {
   m_root.SetValue(2147483647);
   EXPECT_EQ(2147483647, m_root.GetValue(7));
+}
+
+/// Counts the integers that streams write.
+class CountedNumbers : public std::num_put<char> {
+ public:
+  explicit CountedNumbers(int& written) : m_written(written) {}
+
+ protected:
+  iter_type do_put(iter_type to, std::ios_base& stream, char fill, long number) const override {
+    ++m_written;
+    return std::num_put<char>::do_put(to, stream, fill, number);
+  }
+
+ private:
+  int& m_written;
+};
+
+TEST(AnIntegerThatCannotBeSet, IsNotEvenWritten) {
+  int written = 0;
+  ParsedDocument document("<a/>");
+  DocumentNode root = NodeAt(document, "/a");
+  const GlobalLocale counted(new CountedNumbers(written));
+  root.SetProperty("", 5);
+  DocumentNode().SetProperty("x", 5);
+  EXPECT_EQ(0, written);
+  root.SetProperty("x", 5);
+  EXPECT_EQ(1, written);
 }
 
 class AnIntegerReaderUnderALocale : public testing::TestWithParam<NumberReader<int>> {};

@@ -183,6 +183,7 @@ TEST_F(AnAddedItem, UnderAnEmptyNodeReportsSuccessThoughNothingIsWritten) {
   DocumentNode empty;
   EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", 2, &empty));
   EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", "2", &empty));
+  EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("'] | //tt:SimpleItem[@Name='a", 2, &empty));
   EXPECT_EQ(nullptr, empty.Handle());
   EXPECT_EQ(before, m_profile.DumpToString());
 }
