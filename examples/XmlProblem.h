@@ -17,6 +17,9 @@ class XmlProblem {
 
   const std::string& Text() const { return m_text; }
 
+  // Forgets what was wrong with an earlier file.
+  void Clear() { m_text.clear(); }
+
  private:
   static void KeepFirst(void* self, xmlErrorPtr error) {
     std::string& text = static_cast<XmlProblem*>(self)->m_text;

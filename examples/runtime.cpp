@@ -127,14 +127,18 @@ std::string Below(const std::string& element) {
 }
 
 void ShowGeometry(ProfileDoc& profile, DocumentNode* rule) {
-  const std::string point = "/" + Settings::OnvifPrefix() + ":Point";
-  std::vector<Point> polygon;
-  if (profile.GetPoints(polygon, Below("Polygon") + point, rule)) Row(2, "points", Text(polygon));
-  Point line[2];
-  if (profile.GetLine(line, Below("Polyline") + point, rule)) Row(2, "line", Text(line));
-  Point rectangle[2];
-  if (profile.GetRectangle(rectangle, Below("Rectangle"), rule)) {
-    Row(2, "rectangle", Text(rectangle));
+  const std::string point = Settings::OnvifPrefix() + ":Point";
+  for (const NodePtr& polygon : Owned(profile.SelectNodes(Below("Polygon"), rule))) {
+    std::vector<Point> points;
+    if (profile.GetPoints(points, point, polygon.get())) Row(2, "points", Text(points));
+  }
+  for (const NodePtr& polyline : Owned(profile.SelectNodes(Below("Polyline"), rule))) {
+    Point line[2] = {};
+    if (profile.GetLine(line, point, polyline.get())) Row(2, "line", Text(line));
+  }
+  for (const NodePtr& element : Owned(profile.SelectNodes(Below("Rectangle"), rule))) {
+    Point rectangle[2] = {};
+    if (profile.GetRectangle(rectangle, ".", element.get())) Row(2, "rectangle", Text(rectangle));
   }
 }
 
@@ -210,14 +214,19 @@ class TemporaryFile {
   std::string m_path;
 };
 
+std::string SensitivityOf(ProfileDoc& profile, DocumentNode* rule) {
+  const std::string value = profile.GetSimpleItemValue("Sensitivity", rule, true);
+  return value.empty() ? "none" : value;
+}
+
 // SaveToFile() does not report a failed write, so a copy that matters is read back.
-int SensitivityInCopy(ProfileDoc& profile) {
+std::string SensitivityInCopy(ProfileDoc& profile) {
   const TemporaryFile file;
   profile.SaveToFile(file.Path());
   ProfileDoc copy;
   if (!copy.ParseFile(file.Path())) throw std::runtime_error("the copy does not read back");
   const NodePtr rule(copy.SelectRule(""));
-  return copy.GetSimpleItemValue("Sensitivity", -1, rule.get(), true);
+  return SensitivityOf(copy, rule.get());
 }
 
 void EditAndSave(ProfileDoc& profile) {
@@ -226,7 +235,7 @@ void EditAndSave(ProfileDoc& profile) {
   const NodePtr items(rule ? profile.SelectNode(parameters, rule.get()) : nullptr);
   if (!items) return;
   Heading("Edit");
-  Row(1, "sensitivity before", profile.GetSimpleItemValue("Sensitivity", -1, rule.get(), true));
+  Row(1, "sensitivity before", SensitivityOf(profile, rule.get()));
   profile.SetOrAddSimpleItemValue("Sensitivity", 90, items.get());
   Row(1, "in the saved copy", SensitivityInCopy(profile));
 }
@@ -243,8 +252,9 @@ void ReserveResources() {
 }
 
 void Run(const std::string& path) {
-  const examples::XmlProblem problem;
+  examples::XmlProblem problem;
   LoadSettings(problem);
+  problem.Clear();
   ShowSettings();
   ShowVocabulary();
   ProfileDoc profile;

@@ -70,16 +70,12 @@ class WindowBlankingChangesImpl : public tavrel::settings::IChangeCallback {
   tagWindowBlankingRegions m_regions;  // under m_mutex
   TavrelSettingsClient m_client;       // under m_mutex
   IniFile m_settings;                  // under m_mutex
-  std::uint32_t m_groupCount;          // under m_mutex
-  bool m_started;                      // under m_mutex
+  std::uint32_t m_groupCount = 0;      // under m_mutex
+  bool m_started = false;              // under m_mutex
 };
 
 WindowBlankingChangesImpl::WindowBlankingChangesImpl()
-    : m_mutex(true),
-      m_regions(),
-      m_client(static_cast<TavrelSettingsClient::OperationMode>(0)),
-      m_groupCount(0),
-      m_started(false) {}
+    : m_mutex(true), m_regions(), m_client(static_cast<TavrelSettingsClient::OperationMode>(0)) {}
 
 void WindowBlankingChangesImpl::OnSettingsChanged(TavrelSettingsClient* /*source*/,
                                                   const IniFile& changes) {
@@ -137,6 +133,7 @@ void WindowBlankingChangesImpl::TryRefresh() {
 /// Calls all subscribers in their order. m_mutex held.
 void WindowBlankingChangesImpl::Notify(const tagWindowBlankingRegions& regions) const {
   // By index and with a copy: a callback may subscribe or unsubscribe where the mutex allows it.
+  // NOLINTNEXTLINE(modernize-loop-convert): a range would not see the list change.
   for (std::size_t index = 0; index < m_subscribers.size(); ++index) {
     const SubscriberEntry subscriber = m_subscribers[index];
     subscriber.Call(regions);
