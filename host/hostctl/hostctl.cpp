@@ -29,7 +29,8 @@ const char* const kExamples = R"(Examples:
 
 A PATTERN is the name of a group or, with a * at its end, what the names start with. The settings
 are in the file that TAVREL_SETTINGS names, else in tavrel-settings.ini in $XDG_STATE_HOME or in
-$HOME/.local/state. A value that starts with a dash goes behind --.
+$HOME/.local/state. A value that starts with a dash goes behind --, unless a digit follows the dash,
+as in a negative number.
 )";
 
 /// What the command line says.
@@ -52,13 +53,12 @@ void Set(const Arguments& arguments) {
   });
 }
 
-void Unset(const Arguments& arguments) {
-  Store().Edit([&](IniFile& settings) {
-    if (arguments.key.empty())
-      settings.RemoveGroup(arguments.group);
-    else
-      settings.RemoveKey(arguments.group, arguments.key);
-  });
+void UnsetGroup(const Arguments& arguments) {
+  Store().Edit([&](IniFile& settings) { settings.RemoveGroup(arguments.group); });
+}
+
+void UnsetKey(const Arguments& arguments) {
+  Store().Edit([&](IniFile& settings) { settings.RemoveKey(arguments.group, arguments.key); });
 }
 
 class ChangePrinter : public tavrel::settings::IChangeCallback {
@@ -109,8 +109,12 @@ void AddCommands(CLI::App& app, Arguments& arguments) {
 
   CLI::App* const unset = app.add_subcommand("unset", "Remove a key or a whole group");
   unset->add_option("GROUP", arguments.group)->required();
-  unset->add_option("KEY", arguments.key, "The whole group if left out");
-  unset->callback([&] { Unset(arguments); });
+  const CLI::Option* const unsetKey =
+      unset->add_option("KEY", arguments.key, "The whole group if left out");
+  // An empty key is one that is not there, not one that was left out: a script's empty variable
+  // must not cost the whole group.
+  unset->callback(
+      [&, unsetKey] { unsetKey->count() > 0 ? UnsetKey(arguments) : UnsetGroup(arguments); });
 
   CLI::App* const watch = app.add_subcommand("watch", "Print each change until interrupted");
   watch->add_option("PATTERN", arguments.pattern, "Which groups; all if left out");

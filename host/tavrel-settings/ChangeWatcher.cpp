@@ -34,7 +34,7 @@ ChangeWatcher::~ChangeWatcher() {
 void ChangeWatcher::Subscribe(IChangeCallback* callback, const std::string& pattern,
                               const core::IniFile::Groups& known) {
   m_state->subscriptions.Add(callback, pattern, known);
-  m_state->watch.Wake();  // the store may have changed since
+  m_state->watch.Wake();  // the store may have changed since, or a late delivery need correction
 }
 
 void ChangeWatcher::UnSubscribe(const IChangeCallback* callback) {

@@ -13,7 +13,7 @@ namespace settings {
 namespace {
 
 constexpr std::uint32_t kEvents =
-    IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_ONLYDIR;
+    IN_ATTRIB | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_ONLYDIR;
 
 /// Whether an event is about `file`, or says that events were lost.
 bool IsAbout(const std::string& file, const inotify_event& event) {

@@ -9,7 +9,8 @@ namespace tavrel {
 namespace settings {
 
 /// Waits for changes of a file, in whatever way they are made: written in place, replaced by
-/// another file, removed or created. The directory is watched for that, so it has to stay.
+/// another file, removed, created or made readable. The directory is watched for that, so it has to
+/// stay.
 ///
 /// Threads: one thread waits, any thread may wake or stop it.
 class FileWatch {

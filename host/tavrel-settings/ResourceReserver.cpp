@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <stdexcept>
 
 #include "host/tavrel-settings/Resource.h"
 #include "host/tavrel-settings/Store.h"
@@ -19,13 +20,22 @@ int Clamped(std::int64_t units) {
       std::max<std::int64_t>(Limits::min(), std::min<std::int64_t>(Limits::max(), units)));
 }
 
+/// Refuses what would not be one level of a group's name: such a claim would be left out of the sum
+/// of all claims.
+const std::string& CheckedName(const char* what, const std::string& name) {
+  if (name.empty() || name.find('/') != std::string::npos)
+    throw std::invalid_argument(std::string("no name of a ") + what + ": \"" + name + "\"");
+  return name;
+}
+
 }  // namespace
 
 // NOLINTNEXTLINE(modernize-pass-by-value): the platform declares it so
 ResourceReserver::ResourceReserver(TavrelSettingsClient* /*client*/, const std::string& resource,
                                    // NOLINTNEXTLINE(modernize-pass-by-value): likewise
                                    const std::string& consumer)
-    : m_resource(resource), m_consumer(consumer) {}
+    : m_resource(CheckedName("resource", resource)),
+      m_consumer(CheckedName("consumer", consumer)) {}
 
 ResourceReserver::~ResourceReserver() = default;
 

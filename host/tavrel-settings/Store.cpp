@@ -70,6 +70,12 @@ void CopyMode(const std::string& path, const FileDescriptor& to) {
     Checked(fchmod(to.Get(), status.st_mode & 07777), "cannot set the permissions for", path);
 }
 
+/// Removes what a crash left, unless there is nothing. To be written it might need rights that its
+/// owner lacks: it has the permissions of the store.
+void RemoveRest(const std::string& path) {
+  if (unlink(path.c_str()) != 0 && errno != ENOENT) ThrowErrno("cannot remove", path);
+}
+
 void WriteAll(const FileDescriptor& file, const std::string& text, const std::string& path) {
   for (std::size_t written = 0; written < text.size();) {
     const ssize_t count = write(file.Get(), text.data() + written, text.size() - written);
@@ -141,11 +147,11 @@ std::string Store::Text() const {
 
 /// Writes a file beside the store and has it take the store's place.
 void Store::Replace(const std::string& text) const {
-  const std::string path = m_path + ".new";  // of whoever holds the lock; replaces a crash's rest
+  const std::string path = m_path + ".new";  // of whoever holds the lock
+  RemoveRest(path);
   {
-    const FileDescriptor file(
-        open(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0666),
-        "cannot create", path);
+    const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666),
+                              "cannot create", path);
     CopyMode(m_path, file);
     WriteAll(file, text, path);
     Sync(file, path);

@@ -79,7 +79,7 @@ bool StoreText::ReplaceValue(const std::string& group, const std::string& key,
                              const std::string& value) {
   bool isFound = false;
   for (Line& line : m_lines) {
-    if (line.isComment || line.group != group || line.key != key) continue;
+    if (line.group != group || line.key != key) continue;
     line.text = BeforeValue(line.text) + value;
     isFound = true;
   }

@@ -26,7 +26,7 @@ class StoreText {
   struct Line {
     std::string text;
     std::string group;  // the group that the line is in or starts
-    std::string key;    // empty for the header of a group
+    std::string key;    // empty unless the line sets one
     bool isComment;     // or blank
   };
   using Lines = std::vector<Line>;

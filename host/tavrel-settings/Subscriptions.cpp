@@ -1,6 +1,7 @@
 #include "host/tavrel-settings/Subscriptions.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <tavrel/settings/IChangeCallback.h>
 
@@ -15,12 +16,16 @@ using core::IniFile;
 struct Subscriptions::Subscription {
   IChangeCallback* callback;  // under m_mutex; null once the subscription has ended
   const std::string pattern;
-  IniFile::Groups known;  // touched by the thread that delivers, only
+
+  // The rest is touched by the thread that delivers, only.
+  IniFile::Groups known;
+  IniFile late;  // what a delivery told the callback after the end of its own subscription
 };
 
 void Subscriptions::Add(IChangeCallback* callback, const std::string& pattern,
                         const IniFile::Groups& known) {
-  const auto subscription = std::make_shared<Subscription>(Subscription{callback, pattern, known});
+  const auto subscription =
+      std::make_shared<Subscription>(Subscription{callback, pattern, known, IniFile()});
   const std::lock_guard<std::mutex> lock(m_mutex);
   m_list.push_back(subscription);
 }
@@ -50,17 +55,33 @@ IChangeCallback* Subscriptions::CallbackOf(const Subscription& subscription) con
   return subscription.callback;
 }
 
+IniFile Subscriptions::TakeChanges(Subscription& subscription, const IniFile::Groups& groups) {
+  IniFile overwritten = Changes(IniFile::Groups(), subscription.known);
+  overwritten.MergeSettings(std::exchange(subscription.late, IniFile()));
+  const IniFile::Groups now = Matching(subscription.pattern, groups);
+  // The late changes may have been merged before or after the callback got what it knows, so both
+  // outcomes are led to the present state.
+  IniFile changes = Changes(std::exchange(subscription.known, now), now);
+  changes.MergeSettings(Changes(Matching(subscription.pattern, overwritten.AllGroups()), now));
+  return changes;
+}
+
 void Subscriptions::Deliver(Subscription& subscription, const IniFile::Groups& groups) const {
-  IniFile::Groups now = Matching(subscription.pattern, groups);
-  const IniFile changes = Changes(subscription.known, now);
+  const IniFile changes = TakeChanges(subscription, groups);
   if (IsEmpty(changes)) return;
-  subscription.known.swap(now);
   IChangeCallback* const callback = CallbackOf(subscription);
   if (!callback) return;
   try {
     callback->OnSettingsChanged(m_source, changes);
   } catch (...) {  // protects the thread, and the callbacks that come next
   }
+  if (!CallbackOf(subscription)) NoteLateDelivery(callback, changes);
+}
+
+void Subscriptions::NoteLateDelivery(const IChangeCallback* callback,
+                                     const IniFile& changes) const {
+  for (const auto& subscription : Current())
+    if (CallbackOf(*subscription) == callback) subscription->late = changes;
 }
 
 template <typename Condition>

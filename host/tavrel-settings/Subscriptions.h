@@ -32,7 +32,11 @@ class Subscriptions {
   /// Ends all subscriptions.
   void Clear();
 
-  /// Tells each callback how the store differs from what it knows.
+  /// Tells each callback how the store differs from what it knows. To be called after each `Add`.
+  ///
+  /// A subscription may end during a delivery to it, and one of the same callback be made that
+  /// knows newer settings. The delivery then possibly puts older settings over these; the new
+  /// subscription corrects that the next time.
   ///
   /// Errors: as `Store::Read`; then nobody is told. What a callback throws is swallowed.
   void DeliverChanges(const Store& store);
@@ -43,7 +47,9 @@ class Subscriptions {
 
   List Current() const;
   IChangeCallback* CallbackOf(const Subscription& subscription) const;
+  static core::IniFile TakeChanges(Subscription& subscription, const core::IniFile::Groups& groups);
   void Deliver(Subscription& subscription, const core::IniFile::Groups& groups) const;
+  void NoteLateDelivery(const IChangeCallback* callback, const core::IniFile& changes) const;
   template <typename Condition>
   void End(const Condition& isMeant);
 

@@ -33,8 +33,9 @@ class TavrelSettingsClient::Impl {
 };
 
 IniFile::Groups TavrelSettingsClient::Impl::Give(const std::string& pattern) {
-  IniFile::Groups stored = Stored(pattern);
+  // Held while reading, so that what was read later is also kept later.
   const std::lock_guard<std::mutex> lock(m_mutex);
+  IniFile::Groups stored = Stored(pattern);
   m_given[pattern] = stored;
   return stored;
 }
@@ -75,10 +76,7 @@ TavrelSettingsClient::TavrelSettingsClient(OperationMode /*mode*/)
 TavrelSettingsClient::~TavrelSettingsClient() = default;
 
 void TavrelSettingsClient::GetSettings(const std::string& pattern, IniFile& out) const {
-  IniFile::Groups groups = m_impl->Give(pattern);
-  for (const auto& group : out.AllGroups())
-    if (!Matches(pattern, group.first)) groups.insert(group);
-  out = Changes(IniFile::Groups(), groups);
+  out = Changes(IniFile::Groups(), m_impl->Give(pattern));
 }
 
 void TavrelSettingsClient::Subscribe(IChangeCallback* callback, const std::string& pattern) {

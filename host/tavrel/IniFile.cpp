@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cctype>
-#include <cerrno>
 #include <climits>
 #include <cstdlib>
 #include <iterator>
@@ -36,10 +35,10 @@ int ToInt(const std::string& text, int otherwise) {
   // The conversion would skip leading blanks, and takes an empty text for 0.
   if (text.empty() || std::isspace(static_cast<unsigned char>(text.front()))) return otherwise;
   char* end = nullptr;
-  errno = 0;
-  const long number = std::strtol(text.c_str(), &end, 10);
+  // What is out of range here becomes the limit, which no int reaches.
+  const long long number = std::strtoll(text.c_str(), &end, 10);
   const bool isWhole = end == text.c_str() + text.size();
-  if (!isWhole || errno == ERANGE || number < INT_MIN || number > INT_MAX) return otherwise;
+  if (!isWhole || number < INT_MIN || number > INT_MAX) return otherwise;
   return static_cast<int>(number);
 }
 

@@ -79,11 +79,11 @@ TEST_F(GettingSettings, ReplacesAllThatThePatternMatches) {
   EXPECT_EQ((IniFile::Groups{{"A", {{"x", "1"}}}}), m_settings.AllGroups());
 }
 
-TEST_F(GettingSettings, KeepsWhatThePatternDoesNotMatch) {
+TEST_F(GettingSettings, DropsWhatThePatternDoesNotMatch) {
   Write("[A]\nx=1\n[B]\ny=2\n");
   m_settings.SetValue("B", "own", "1");
   m_client.GetSettings("A", m_settings);
-  EXPECT_EQ((IniFile::Groups{{"A", {{"x", "1"}}}, {"B", {{"own", "1"}}}}), m_settings.AllGroups());
+  EXPECT_EQ((IniFile::Groups{{"A", {{"x", "1"}}}}), m_settings.AllGroups());
 }
 
 TEST_F(GettingSettings, LeavesNoRemovalMarks) {

@@ -144,6 +144,33 @@ TEST_F(AClaim, InAMalformedStoreIsReported) {
               isReported);
 }
 
+struct NoName {
+  const char* name;
+  const char* resource;
+  const char* consumer;
+  const char* error;
+};
+
+void PrintTo(const NoName& row, std::ostream* out) { *out << row.name; }
+
+const NoName kNoNames[] = {
+    {"EmptyResource", "", "Analytics", "resource: \"\""},
+    {"EmptyConsumer", "CPU", "", "consumer: \"\""},
+    {"ResourceOfTwoLevels", "CPU/Core", "Analytics", "resource: \"CPU/Core\""},
+    {"ConsumerOfTwoLevels", "CPU", "Analytics/Motion", "consumer: \"Analytics/Motion\""},
+    {"ConsumerWithASlashAtItsEnd", "CPU", "Analytics/", "consumer: \"Analytics/\""},
+};
+
+class ANameThatWouldEscapeTheSum : public testing::TestWithParam<NoName> {};
+
+TEST_P(ANameThatWouldEscapeTheSum, IsRefused) {
+  EXPECT_THAT([] { ResourceReserver(nullptr, GetParam().resource, GetParam().consumer); },
+              ThrowsMessage<std::invalid_argument>(HasSubstr(GetParam().error)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, ANameThatWouldEscapeTheSum, testing::ValuesIn(kNoNames),
+                         testing::PrintToStringParamName());
+
 class RacingClaims : public tests::StoreTest {
  protected:
   using Process = std::unique_ptr<tests::ChildProcess>;

@@ -63,6 +63,7 @@ const Row kRows[] = {
     {"TellsEqualKeysOfTwoGroupsApart", "[A]\nx=1\n[B]\nx=1\n", Setting("B", "x", "2"),
      "[A]\nx=1\n[B]\nx=2\n"},
     {"RemovesAKey", "[A]\nx=1\ny=2\n", Removing("A", "x"), "[A]\ny=2\n"},
+    {"RemovesAKeyOfOneGroup", "[A]\nx=1\n[B]\nx=1\n", Removing("B", "x"), "[A]\nx=1\n[B]\n"},
     {"KeepsAGroupWithoutKeys", "[A]\nx=1\n", Removing("A", "x"), "[A]\n"},
     {"RemovesAKeyThatStandsTwice", "[A]\nx=1\nx=2\ny=3\n", Removing("A", "x"), "[A]\ny=3\n"},
     {"SetsAKeyThatStandsTwice", "[A]\nx=1\nx=2\n", Setting("A", "x", "3"), "[A]\nx=3\nx=3\n"},

@@ -65,6 +65,18 @@ TEST_F(TheFile, IsWrittenOverTheRestOfACrash) {
   EXPECT_FALSE(fs::exists(Below("store.ini.new")));
 }
 
+TEST_F(TheFile, IsWrittenOverTheRestOfACrashThatNobodyMayWrite) {
+  fs::permissions(m_directory.Write("store.ini.new", "[A]\n"), fs::perms(0444));
+  fs::permissions(m_directory.Path(), fs::perms(0777));
+  tests::InFreshProcess([] {
+    // Without the special rights that tests may run with.
+    ASSERT_TRUE(geteuid() != 0 || seteuid(kNobody) == 0);
+    Set("A", "x", "2");
+  });
+  EXPECT_EQ("[A]\nx=2\n", Text());
+  EXPECT_FALSE(fs::exists(Below("store.ini.new")));
+}
+
 TEST_F(TheFile, IsFoundByTheStateDirectory) {
   tests::InFreshProcess([this] {
     unsetenv("TAVREL_SETTINGS");

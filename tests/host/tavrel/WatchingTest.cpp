@@ -17,12 +17,16 @@ namespace {
 using core::IniFile;
 using testing::ElementsAre;
 
-/// A store in which the key "x" is watched from "1" on.
+/// A store that is watched, by a client that waits for the first change.
 class AWatchedStore : public tests::StoreTest {
  protected:
   AWatchedStore() {
     Write("[A]\nx=1\n");
+    IniFile settings;
+    m_client.GetSettings("A", settings);
+    tests::FileReads reads(Path());
     m_client.Subscribe(&m_recorder, "A");
+    reads.WaitForOne();  // to compare with what was got
   }
 
   tests::ChangeRecorder m_recorder;
@@ -80,6 +84,15 @@ TEST_F(AWatchedStore, TellsOfAFileLinkedIntoItsPlace) {
   std::filesystem::remove(Path());
   m_recorder.Next();
   std::filesystem::create_hard_link(m_directory.Write("other.ini", "[A]\nx=2\n"), Path());
+  m_recorder.WaitForValue("A", "x", "2");
+}
+
+TEST_F(AWatchedStore, IsReadAgainWhenItsPermissionsChange) {
+  // A write by a name in another directory goes unnoticed, so only the permissions tell of it.
+  const tests::TemporaryDirectory elsewhere;
+  std::filesystem::create_hard_link(Path(), elsewhere.PathOf("store.ini"));
+  elsewhere.Write("store.ini", "[A]\nx=2\n");
+  std::filesystem::permissions(Path(), std::filesystem::perms(0600));
   m_recorder.WaitForValue("A", "x", "2");
 }
 

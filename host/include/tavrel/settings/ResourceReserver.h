@@ -17,6 +17,8 @@ class TavrelSettingsClient;
 /// Threads: any; claims of all threads and processes are made one after the other.
 class ResourceReserver {
  public:
+  /// A name that is empty or contains "/" is refused with `std::invalid_argument`.
+  ///
   /// @param client  not needed on a workstation
   ResourceReserver(TavrelSettingsClient* client, const std::string& resource,
                    const std::string& consumer);

@@ -20,9 +20,9 @@ class IChangeCallback;
 /// Patterns: a pattern that ends in "*" matches each group whose name starts with what precedes it;
 /// any other pattern matches the group of that name.
 ///
-/// Errors: a store that cannot be read gives a `std::runtime_error` whose message names the file and
-/// the reason, a malformed line one whose message starts with "FILE:LINE: ". On the client's thread
-/// such a store is passed over: what is known stays until the next change.
+/// Errors: a store that cannot be read gives a `std::runtime_error` whose message names the file
+/// and the reason, a malformed line one whose message starts with "FILE:LINE: ". On the client's
+/// thread such a store is passed over: what is known stays until the next change.
 ///
 /// Threads: any thread may call. A client with subscriptions watches the store on a thread of its
 /// own and delivers changes there, one after the other, without holding a lock of the client.
@@ -40,7 +40,7 @@ class TavrelSettingsClient {
   TavrelSettingsClient(const TavrelSettingsClient&) = delete;
   TavrelSettingsClient& operator=(const TavrelSettingsClient&) = delete;
 
-  /// Replaces what `out` holds of the groups that match `pattern` by what the store now holds.
+  /// Replaces what `out` held by every group that matches `pattern`, as the store now holds it.
   /// Afterwards `out` marks nothing as removed.
   void GetSettings(const std::string& pattern, core::IniFile& out) const;
 
@@ -53,7 +53,8 @@ class TavrelSettingsClient {
 
   /// Ends all subscriptions of `callback`. No delivery starts after this, but one that is in
   /// progress is not waited for: the caller may hold the lock that it waits for. So `callback` has
-  /// to live until such a delivery has ended, at the latest with the client.
+  /// to live until such a delivery has ended, at the latest with the client. If `callback` is
+  /// subscribed again before that, a further delivery corrects what the late one may overwrite.
   void UnSubscribe(IChangeCallback* callback);
 
  private:
