@@ -1,11 +1,7 @@
-#include <functional>
-#include <thread>
-#include <vector>
-
 #include <gmock/gmock.h>
 
 #include "tests/platform/BlankingChanges.h"
-#include "tests/platform/MeetingPoint.h"
+#include "tests/platform/OverlappingActions.h"
 #include "tests/platform/Regions.h"
 #include "tests/platform/Subscribers.h"
 #include "tests/support/FreshProcess.h"
@@ -17,20 +13,6 @@ using tests::IniFile;
 using tests::Listener;
 
 constexpr int kTurns = 200;
-
-/// Runs all actions at once, each on a thread of its own and many times.
-void RunOverlapping(const std::vector<std::function<void()>>& actions) {
-  tests::MeetingPoint meeting(static_cast<int>(actions.size()));
-  std::vector<std::thread> threads;
-  threads.reserve(actions.size());
-  for (const std::function<void()>& action : actions) {
-    threads.emplace_back([&meeting, &action] {
-      EXPECT_TRUE(meeting.Arrive());
-      for (int turn = 0; turn < kTurns; ++turn) action();
-    });
-  }
-  for (std::thread& thread : threads) thread.join();
-}
 
 /// A subscription that comes and goes on a thread of its own.
 void ComeAndGo() {
@@ -46,8 +28,9 @@ TEST(OverlappingCalls, TellALastingSubscriberOfEachDispatchOnce) {
     const WindowBlankingChanges& changes = tests::Started(tests::SwitchedOn({tests::RedRegion()}));
     changes.Subscribe(&Listener::Hear, &listener);
     listener = Listener();
-    RunOverlapping({[] { tests::Change(tests::SwitchedOn({tests::BlueRegion()})); },
-                    [&] { changes.SetConfiguration(tests::OneRegion()); }, &ComeAndGo, &ComeAndGo});
+    tests::RunOverlapping(
+        kTurns, {[] { tests::Change(tests::SwitchedOn({tests::BlueRegion()})); },
+                 [&] { changes.SetConfiguration(tests::OneRegion()); }, &ComeAndGo, &ComeAndGo});
     EXPECT_EQ(2 * kTurns, listener.calls);
   });
 }
@@ -55,7 +38,7 @@ TEST(OverlappingCalls, TellALastingSubscriberOfEachDispatchOnce) {
 TEST(OverlappingCalls, LeaveNoneOfTheSubscribersThatWent) {
   tests::InFreshProcess([] {
     const WindowBlankingChanges& changes = tests::Started(tests::SwitchedOn({tests::RedRegion()}));
-    RunOverlapping({[] { tests::Change(IniFile()); }, &ComeAndGo, &ComeAndGo});
+    tests::RunOverlapping(kTurns, {[] { tests::Change(IniFile()); }, &ComeAndGo, &ComeAndGo});
     changes.Subscribe(&tests::NoteCall, tests::Named("last"));
     fakes::CallLog::Instance().Clear();
     changes.SetConfiguration(tests::OneRegion());
@@ -71,7 +54,7 @@ TEST(OverlappingCalls, StartAndStopInPairs) {
       changes.Stop();
     };
     fakes::CallLog::Instance().Clear();
-    RunOverlapping({startAndStop, startAndStop, &ComeAndGo});
+    tests::RunOverlapping(kTurns, {startAndStop, startAndStop, &ComeAndGo});
     changes.Stop();
     const auto& log = fakes::CallLog::Instance();
     EXPECT_EQ(log.CallsOf("TavrelSettingsClient::Subscribe").size(),

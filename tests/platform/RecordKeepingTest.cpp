@@ -124,6 +124,15 @@ TEST(ARecordOfThree, ShrinksWithTheListWhereItsLastGroupIsRemoved) {
   });
 }
 
+TEST(ARecordOfThree, LeavesOutARegionWhoseNameIsRemoved) {
+  tests::InFreshProcess([] {
+    StartWithThreeRegions();
+    IniFile removal;
+    removal.RemoveKey(tests::RegionGroup(2), "Name");
+    EXPECT_THAT(ColoursOf(ListenerAfter(removal).record), ElementsAre(kRed, kBlue));
+  });
+}
+
 TEST(ARecordOfThree, TakesOnAChangedColour) {
   tests::InFreshProcess([] {
     StartWithThreeRegions();

@@ -82,9 +82,9 @@ void Trace::operator()(int level, const char* format, ...) {
   va_end(arguments);
 }
 
-Calibration::Calibration() = default;
+Calibration::Calibration() { Note("Calibration::Calibration()"); }
 
-Calibration::~Calibration() = default;
+Calibration::~Calibration() { Note("Calibration::~Calibration()"); }
 
 const types::Point (&Calibration::NearLeftSize() const)[2] {
   Note("Calibration::NearLeftSize()");

@@ -1,5 +1,7 @@
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include <tavrel/core/IniFile.h>
 
@@ -64,6 +66,10 @@ int IniFile::GetIntOrDefault(const std::string& group, const std::string& key,
 void IniFile::MergeSettings(const IniFile& other) {
   Note("IniFile::MergeSettings()");
   for (const std::string& group : other.m_removedGroups) m_groups.erase(group);
+  for (const auto& [group, key] : other.m_removedKeys) {
+    const auto keys = m_groups.find(group);
+    if (keys != m_groups.end()) keys->second.erase(key);
+  }
   for (const auto& [group, keys] : other.m_groups) {
     AddGroup(group);
     for (const auto& [key, value] : keys) SetValue(group, key, value);
@@ -81,6 +87,18 @@ void IniFile::SetValue(const std::string& group, const std::string& key, const s
 void IniFile::RemoveGroup(const std::string& group) {
   m_groups.erase(group);
   m_removedGroups.insert(group);
+}
+
+void IniFile::RemoveKey(const std::string& group, const std::string& key) {
+  const auto keys = m_groups.find(group);
+  if (keys != m_groups.end()) keys->second.erase(key);
+  m_removedKeys.insert({group, key});
+}
+
+const std::set<std::string>& IniFile::RemovedGroups() const { return m_removedGroups; }
+
+const std::set<std::pair<std::string, std::string>>& IniFile::RemovedKeys() const {
+  return m_removedKeys;
 }
 
 }  // namespace core
