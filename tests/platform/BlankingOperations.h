@@ -26,13 +26,13 @@ inline const BlankingOperation kBlankingOperations[] = {
      false,
      [] { analytics::WindowBlankingChanges().Start(); },
      {"TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
-      "TavrelSettingsClient::Subscribe(Imaging/WindowBlanking*)",
+      "TavrelSettingsClient::Subscribe(callback,Imaging/WindowBlanking*)",
       "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)"}},
     {"StartAgain", true, [] { analytics::WindowBlankingChanges().Start(); }, {}},
     {"Stop",
      true,
      [] { analytics::WindowBlankingChanges().Stop(); },
-     {"TavrelSettingsClient::UnSubscribe()"}},
+     {"TavrelSettingsClient::UnSubscribe(callback)"}},
     {"StopAgain", false, [] { analytics::WindowBlankingChanges().Stop(); }, {}},
     {"SetConfiguration",
      true,
@@ -41,8 +41,8 @@ inline const BlankingOperation kBlankingOperations[] = {
     {"Change",
      true,
      [] { Change(fakes::Platform::Instance().stored); },
-     {"IniFile::MergeSettings()", "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)",
-      "Subscriber(first)"}},
+     {"IniFile::MergeSettings(changes)",
+      "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)", "Subscriber(first)"}},
 };
 
 /// Brings the process to where `operation` is called, with one subscriber and no settings.

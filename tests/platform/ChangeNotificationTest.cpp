@@ -38,7 +38,7 @@ TEST(AChange, IsMergedThenReadThenToldToAllSubscribersUnderTheLock) {
     StartedWithSubscribers();
     const IniFile change;
     EXPECT_THAT(CallsDuring([&] { Change(change); }),
-                ElementsAre("Mutex::Lock()", "IniFile::MergeSettings()", kSwitchRead,
+                ElementsAre("Mutex::Lock()", "IniFile::MergeSettings(changes)", kSwitchRead,
                             "Subscriber(A)", "Subscriber(B)", "Subscriber(C)", "Mutex::Unlock()"));
   });
 }
@@ -124,7 +124,7 @@ TEST(AChange, ThatCannotBeMergedIsReadByNobodyAndToldToNobody) {
                   fakes::CallLog::Instance().FailAt("IniFile::MergeSettings", 1);
                   EXPECT_NO_THROW(Change(change));
                 }),
-                ElementsAre("Mutex::Lock()", "IniFile::MergeSettings()", "Mutex::Unlock()"));
+                ElementsAre("Mutex::Lock()", "IniFile::MergeSettings(changes)", "Mutex::Unlock()"));
     EXPECT_EQ(0, tests::NewListener().calls);
   });
 }
@@ -149,7 +149,7 @@ TEST(ASubscriberThatFails, EndsTheRoundOfAChangeAndNothingGetsOut) {
                   fakes::CallLog::Instance().FailAt("Subscriber(B)", 1);
                   EXPECT_NO_THROW(Change(change));
                 }),
-                ElementsAre("Mutex::Lock()", "IniFile::MergeSettings()", kSwitchRead,
+                ElementsAre("Mutex::Lock()", "IniFile::MergeSettings(changes)", kSwitchRead,
                             "Subscriber(A)", "Subscriber(B)", "Mutex::Unlock()"));
   });
 }

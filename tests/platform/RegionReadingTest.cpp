@@ -45,7 +45,7 @@ Calls ReadOf(const IniFile& settings) {
   fakes::CallLog::Instance().Clear();
   tests::Change(settings);
   Calls calls = fakes::CallLog::Instance().CallsOf("IniFile::");
-  EXPECT_EQ("IniFile::MergeSettings()", calls.front());
+  EXPECT_EQ("IniFile::MergeSettings(changes)", calls.front());
   calls.erase(calls.begin());
   return calls;
 }

@@ -31,7 +31,7 @@ const auto& Subscriptions() { return fakes::Platform::Instance().subscriptions; 
 /// All that the platform sees of a start without settings.
 Calls WholeStart() {
   return {"Mutex::Lock()", "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
-          "TavrelSettingsClient::Subscribe(Imaging/WindowBlanking*)",
+          "TavrelSettingsClient::Subscribe(callback,Imaging/WindowBlanking*)",
           "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)", "Mutex::Unlock()"};
 }
 
@@ -78,9 +78,9 @@ TEST(StartingAndStopping, DoTheSameInEveryRound) {
     for (int round = 0; round < 3; ++round) {
       EXPECT_EQ(WholeStart(), CallsDuring([&] { changes.Start(); }));
       EXPECT_THAT(Subscriptions(), SizeIs(1));
-      EXPECT_THAT(
-          CallsDuring([&] { changes.Stop(); }),
-          ElementsAre("Mutex::Lock()", "TavrelSettingsClient::UnSubscribe()", "Mutex::Unlock()"));
+      EXPECT_THAT(CallsDuring([&] { changes.Stop(); }),
+                  ElementsAre("Mutex::Lock()", "TavrelSettingsClient::UnSubscribe(callback)",
+                              "Mutex::Unlock()"));
       EXPECT_THAT(Subscriptions(), IsEmpty());
     }
   });
@@ -143,7 +143,7 @@ const FailingStart kFailingStarts[] = {
     {"WhenSubscribing",
      "TavrelSettingsClient::Subscribe",
      {"Mutex::Lock()", "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
-      "TavrelSettingsClient::Subscribe(Imaging/WindowBlanking*)", "Mutex::Unlock()"}},
+      "TavrelSettingsClient::Subscribe(callback,Imaging/WindowBlanking*)", "Mutex::Unlock()"}},
 };
 
 class AStartThatFails : public testing::TestWithParam<FailingStart> {
@@ -193,9 +193,9 @@ INSTANTIATE_TEST_SUITE_P(Places, AStartThatFails, testing::ValuesIn(kFailingStar
 TEST(AStopThatFails, LetsTheFailureOutWithTheLockReleased) {
   tests::InFreshProcess([] {
     const WindowBlankingChanges& changes = tests::Started(IniFile());
-    EXPECT_THAT(
-        CallsOfFailing("TavrelSettingsClient::UnSubscribe", [&] { changes.Stop(); }),
-        ElementsAre("Mutex::Lock()", "TavrelSettingsClient::UnSubscribe()", "Mutex::Unlock()"));
+    EXPECT_THAT(CallsOfFailing("TavrelSettingsClient::UnSubscribe", [&] { changes.Stop(); }),
+                ElementsAre("Mutex::Lock()", "TavrelSettingsClient::UnSubscribe(callback)",
+                            "Mutex::Unlock()"));
   });
 }
 

@@ -106,9 +106,12 @@ TEST_P(AnUnloadedLibrary, HasDestroyedAsMuchAsItMade) {
     LoadedLibrary library;
     GetParam().use(library);
   }
-  for (const std::string name : {"Mutex", "TavrelSettingsClient", "ResourceReserver"}) {
-    EXPECT_EQ(Log().CallsOf(name + "::" + name + "(").size(), Log().CallsOf(name + "::~").size())
-        << name;
+  const char* const pairs[][2] = {
+      {"Mutex::Mutex(", "Mutex::~"},
+      {"TavrelSettingsClient::TavrelSettingsClient(", "TavrelSettingsClient::~"},
+      {"ResourceReserver::ResourceReserver(", "ResourceReserver::~"}};
+  for (const auto& [made, destroyed] : pairs) {
+    EXPECT_EQ(Log().CallsOf(made).size(), Log().CallsOf(destroyed).size()) << made;
   }
   EXPECT_THAT(Log().CallsOf("Mutex::Mutex("), SizeIs(GetParam().makesInstance ? 2 : 1));
 }

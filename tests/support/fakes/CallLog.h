@@ -19,17 +19,17 @@ struct MallocAllocator {
 
   MallocAllocator() = default;
   template <typename Other>
-  explicit MallocAllocator(const MallocAllocator<Other>&) {}
+  explicit MallocAllocator(const MallocAllocator<Other>& /*other*/) {}
 
   T* allocate(std::size_t count) {
     void* const memory = std::malloc(count * sizeof(T));
     if (!memory) std::abort();
     return static_cast<T*>(memory);
   }
-  void deallocate(T* memory, std::size_t) { std::free(memory); }
+  void deallocate(T* memory, std::size_t /*count*/) { std::free(memory); }
 
-  bool operator==(const MallocAllocator&) const { return true; }
-  bool operator!=(const MallocAllocator&) const { return false; }
+  bool operator==(const MallocAllocator& /*other*/) const { return true; }
+  bool operator!=(const MallocAllocator& /*other*/) const { return false; }
 };
 
 /// What a fake throws when it is told to.

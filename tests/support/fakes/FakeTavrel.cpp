@@ -64,7 +64,7 @@ int IniFile::GetIntOrDefault(const std::string& group, const std::string& key,
 }
 
 void IniFile::MergeSettings(const IniFile& other) {
-  Note("IniFile::MergeSettings()");
+  Note("IniFile::MergeSettings(changes)");
   for (const std::string& group : other.m_removedGroups) m_groups.erase(group);
   for (const auto& [group, key] : other.m_removedKeys) {
     const auto keys = m_groups.find(group);

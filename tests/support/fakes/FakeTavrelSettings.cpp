@@ -42,6 +42,9 @@ using fakes::Platform;
 
 void Note(std::string_view call) { fakes::CallLog::Instance().Note(call); }
 
+/// How an object that the library passed is noted: by its role.
+std::string Text(const void* object, const std::string& role) { return object ? role : "null"; }
+
 }  // namespace
 
 IChangeCallback::~IChangeCallback() { Note("IChangeCallback::~IChangeCallback()"); }
@@ -65,12 +68,12 @@ void TavrelSettingsClient::GetSettings(const std::string& pattern, core::IniFile
 }
 
 void TavrelSettingsClient::Subscribe(IChangeCallback* callback, const std::string& pattern) {
-  Note("TavrelSettingsClient::Subscribe(" + pattern + ")");
+  Note("TavrelSettingsClient::Subscribe(" + Text(callback, "callback") + "," + pattern + ")");
   Platform::Instance().subscriptions.emplace_back(callback, pattern);
 }
 
 void TavrelSettingsClient::UnSubscribe(IChangeCallback* callback) {
-  Note("TavrelSettingsClient::UnSubscribe()");
+  Note("TavrelSettingsClient::UnSubscribe(" + Text(callback, "callback") + ")");
   auto& subscriptions = Platform::Instance().subscriptions;
   const auto isOf = [callback](const Platform::Subscription& one) { return one.first == callback; };
   subscriptions.erase(std::remove_if(subscriptions.begin(), subscriptions.end(), isOf),
@@ -80,8 +83,8 @@ void TavrelSettingsClient::UnSubscribe(IChangeCallback* callback) {
 ResourceReserver::ResourceReserver(TavrelSettingsClient* client, const std::string& resource,
                                    const std::string& consumer)
     : m_resource(resource), m_consumer(consumer) {
-  Note("ResourceReserver::ResourceReserver(" + std::string(client ? "client" : "null") + "," +
-       resource + "," + consumer + ")");
+  Note("ResourceReserver::ResourceReserver(" + Text(client, "client") + "," + resource + "," +
+       consumer + ")");
 }
 
 ResourceReserver::~ResourceReserver() { Note("ResourceReserver::~ResourceReserver()"); }
