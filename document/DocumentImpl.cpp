@@ -42,7 +42,7 @@ xmlNsPtr FindNs(xmlDocPtr document, xmlNodePtr node, const std::string& prefix, 
 
 Document::DocumentImpl::DocumentImpl() = default;
 
-Document::DocumentImpl::~DocumentImpl() { Close(); }
+Document::DocumentImpl::~DocumentImpl() = default;
 
 void Document::DocumentImpl::Close() {
   m_searchContext.reset();

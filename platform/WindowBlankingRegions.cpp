@@ -66,9 +66,9 @@ std::uint32_t CountRegions(const IniFile& settings, std::uint32_t& groupCount) {
 
 /// Reads the colours of the active regions among the first `maxNumber`; `colours` has room for all.
 void ReadRegionColours(const IniFile& settings, std::vector<RegionColour>& colours,
-                       std::uint32_t maxNumber, std::uint32_t& written) {
-  written = 0;
+                       std::uint32_t maxNumber) {
   if (!IsEnabled(settings)) return;
+  std::uint32_t written = 0;
   for (std::uint32_t number = 1; number <= std::min(kMaxRegions, maxNumber); ++number) {
     const std::string group = RegionGroup(number);
     if (IsActive(settings, group)) colours[written++] = ReadColour(settings, group);
@@ -83,8 +83,7 @@ void RefreshRegions(const IniFile& settings, std::uint32_t& groupCount,
   // Deliberate: without any region group an earlier record stands.
   if (groupCount == 0) return;
   std::vector<RegionColour> colours(groupCount);
-  std::uint32_t written = 0;
-  ReadRegionColours(settings, colours, groupCount, written);
+  ReadRegionColours(settings, colours, groupCount);
   // Deliberate: all 32 regions active is a configuration that subscribers do not get to see.
   if (active >= kMaxRegions) return;
   regions.count = active;

@@ -12,13 +12,10 @@ struct Reference {
 
 /// Finds the leftmost reference. Its name runs to the first "}", so references do not nest.
 Reference FindVariable(const std::string& text) {
-  Reference found{std::string(), text.find("${"), 0};
-  if (found.position == std::string::npos) return found;
-  const std::string::size_type end = text.find('}', found.position);
-  if (end == std::string::npos) return found;
-  found.name = text.substr(found.position + 2, end - found.position - 2);
-  found.length = end - found.position + 1;
-  return found;
+  const std::string::size_type begin = text.find("${");
+  const std::string::size_type end = text.find('}', begin);  // nothing follows where nothing begins
+  if (end == std::string::npos) return Reference();
+  return Reference{text.substr(begin + 2, end - begin - 2), begin, end - begin + 1};
 }
 
 std::string VariableQry(const std::string& name) {

@@ -125,6 +125,9 @@ class ANALYTICS_API Document {
 
   /// Writes the document to a file, indented.
   ///
+  /// libxml2 takes the path for a URI: "a%20b.xml" writes "a b.xml", which `ParseFile` finds under
+  /// either name.
+  ///
   /// @return false for an empty path or a closed document; else true, even when the write failed: a
   ///         runtime goes on without its copy. Whoever needs the copy reads it back.
   bool SaveToFile(const std::string& path);

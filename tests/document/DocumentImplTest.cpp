@@ -5,7 +5,7 @@
 
 #include "tests/document/TestDocuments.h"
 #include "tests/document/XmlErrors.h"
-#include "tests/document/XmlMemory.h"
+#include "tests/support/FailingXmlMemory.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace analytics {
@@ -62,7 +62,7 @@ TEST_F(AnImplementation, HasNoContextAfterAFailedOne) {
   ASSERT_TRUE(Parse());
   ASSERT_TRUE(m_impl.CreateXPathContext(false));
   const auto fail = [this] {
-    const NoXmlMemory exhausted;
+    const tests::NoXmlMemory exhausted;
     return m_impl.CreateXPathContext(true);
   };
   EXPECT_FALSE(fail());

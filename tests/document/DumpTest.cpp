@@ -5,7 +5,7 @@
 #include "tests/document/Indentation.h"
 #include "tests/document/TestDocuments.h"
 #include "tests/document/XmlErrors.h"
-#include "tests/document/XmlMemory.h"
+#include "tests/support/FailingXmlMemory.h"
 
 namespace analytics {
 namespace {
@@ -89,7 +89,7 @@ TEST_P(TheIndentationSwitch, IsPutBackAfterADump) {
 
 TEST_P(TheIndentationSwitch, IsPutBackAfterADumpThatFailed) {
   const std::string text = [this] {
-    const NoXmlMemory exhausted;
+    const tests::NoXmlMemory exhausted;
     return m_document.DumpToString();
   }();
   EXPECT_EQ("", text);

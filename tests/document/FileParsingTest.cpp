@@ -22,6 +22,7 @@ class ParsingAFile : public testing::Test {
     ASSERT_TRUE(m_document.ParseString("<former/>"));
     EXPECT_FALSE(m_document.ParseFile(path));
     EXPECT_FALSE(IsOpen());
+    EXPECT_FALSE(m_document.CreateSearchContext());
   }
 
   const tests::TemporaryDirectory m_directory;

@@ -5,7 +5,7 @@
 
 #include "tests/document/TestDocuments.h"
 #include "tests/document/XmlErrors.h"
-#include "tests/document/XmlMemory.h"
+#include "tests/support/FailingXmlMemory.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/fakes/CallLog.h"
 
@@ -62,7 +62,7 @@ TEST_F(TheFirstSearchContext, LoadsNothingIfItCannotBeMade) {
   tests::InFreshProcess([this] {
     ASSERT_TRUE(m_document.ParseString("<a/>"));
     const auto fail = [this] {
-      const NoXmlMemory exhausted;
+      const tests::NoXmlMemory exhausted;
       return Make(true);
     };
     EXPECT_FALSE(fail());

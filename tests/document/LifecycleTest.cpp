@@ -8,7 +8,7 @@
 #include "tests/document/FreedNodes.h"
 #include "tests/document/TestDocuments.h"
 #include "tests/document/XmlErrors.h"
-#include "tests/document/XmlMemory.h"
+#include "tests/support/FailingXmlMemory.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace analytics {
@@ -65,7 +65,7 @@ class Subject {
   }
 
   bool FailToMakeContext() {
-    const NoXmlMemory exhausted;
+    const tests::NoXmlMemory exhausted;
     return MakeContext();
   }
 

@@ -146,8 +146,10 @@ const unsigned long kTooMuch = static_cast<unsigned long>(INT_MAX) + 1;
 // all, or the four bytes that are there.
 const TooLong kTooLong[] = {
     {"OneTooMany", kTooMuch},
+#if ULONG_MAX > UINT_MAX
     {"ZeroAsAnInt", 2 * kTooMuch},
     {"FourAsAnInt", 2 * kTooMuch + 4},
+#endif
     {"Greatest", ULONG_MAX},
 };
 

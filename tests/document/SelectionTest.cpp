@@ -109,6 +109,13 @@ TEST_F(Selecting, LeavesTheTreeAsItIsWhenTheObjectsAreDeleted) {
   EXPECT_THAT(Dumps(m_shop, "//*"), SizeIs(5));
 }
 
+TEST_F(Selecting, NodesTakesNoMoreMemoryForItsListThanItNeeds) {
+  ParsedDocument document("<a><b/><b/><b/><b/><b/></a>");
+  const std::vector<DocumentNode*> nodes = document.SelectNodes("b", nullptr);
+  EXPECT_EQ(5U, nodes.capacity());
+  tests::Owned(nodes);
+}
+
 TEST_F(Selecting, CopesWithManyNodes) {
   std::string text = "<a>";
   for (int count = 0; count < 1000; ++count) text += "<b/>";

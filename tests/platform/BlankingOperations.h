@@ -25,7 +25,7 @@ inline const BlankingOperation kBlankingOperations[] = {
     {"Start",
      false,
      [] { analytics::WindowBlankingChanges().Start(); },
-     {"TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
+     {"TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)", "IniFile::operator=(other)",
       "TavrelSettingsClient::Subscribe(callback,Imaging/WindowBlanking*)",
       "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)"}},
     {"StartAgain", true, [] { analytics::WindowBlankingChanges().Start(); }, {}},

@@ -4,11 +4,11 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/platform/LoadedLibrary.h"
 #include "tests/platform/PlatformCalls.h"
 #include "tests/platform/Regions.h"
 #include "tests/platform/Subscribers.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/LoadedLibrary.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ fakes::CallLog& Log() { return fakes::CallLog::Instance(); }
 fakes::Platform& Platform() { return fakes::Platform::Instance(); }
 
 /// A fresh load of the library, in a process whose memory runs out.
-class BlankingWithoutMemory : public testing::Test {
+class BlankingWithoutMemory : public testing::TestWithParam<tests::Shortage> {
  protected:
   void SetUp() override {
     Platform().Reset();
@@ -49,17 +49,17 @@ class BlankingWithoutMemory : public testing::Test {
   const LoadedLibrary m_library;
 };
 
-TEST_F(BlankingWithoutMemory, MakesTheInstanceOnceThereIsMemory) {
+TEST_P(BlankingWithoutMemory, MakesTheInstanceOnceThereIsMemory) {
   analytics::WindowBlankingChanges* instance = nullptr;
-  WithEachAllocationFailing([&] { instance = m_library.Instance(); });
+  WithEachAllocationFailing(GetParam(), [&] { instance = m_library.Instance(); });
   EXPECT_NE(nullptr, instance);
   EXPECT_EQ(instance, m_library.Instance());
   m_library.Start();
   EXPECT_THAT(tests::ColoursOf(NewListener().record), ElementsAre(tests::kRed, tests::kBlue));
 }
 
-TEST_F(BlankingWithoutMemory, ReplacesTheImplementationWhereTheFacadeCouldNotBeMade) {
-  WithEachAllocationFailing([&] {
+TEST_P(BlankingWithoutMemory, ReplacesTheImplementationWhereTheFacadeCouldNotBeMade) {
+  WithEachAllocationFailing(GetParam(), [&] {
     Log().Clear();
     m_library.Instance();
   });
@@ -72,8 +72,8 @@ TEST_F(BlankingWithoutMemory, ReplacesTheImplementationWhereTheFacadeCouldNotBeM
                           "IChangeCallback::~IChangeCallback()"));
 }
 
-TEST_F(BlankingWithoutMemory, KeepsOneImplementationOfAllThatItMade) {
-  WithEachAllocationFailing([&] { m_library.Instance(); });
+TEST_P(BlankingWithoutMemory, KeepsOneImplementationOfAllThatItMade) {
+  WithEachAllocationFailing(GetParam(), [&] { m_library.Instance(); });
   EXPECT_EQ(Log().CallsOf("TavrelSettingsClient::TavrelSettingsClient(").size(),
             Log().CallsOf("TavrelSettingsClient::~").size() + 1);
   EXPECT_EQ(Log().CallsOf("IniFile::IniFile()").size(),
@@ -81,31 +81,31 @@ TEST_F(BlankingWithoutMemory, KeepsOneImplementationOfAllThatItMade) {
   EXPECT_EQ(Log().CallsOf("Mutex::Mutex(").size(), Log().CallsOf("Mutex::~").size() + 1);
 }
 
-TEST_F(BlankingWithoutMemory, LetsTheFailureOfASubscriptionOutAndStoresNothing) {
+TEST_P(BlankingWithoutMemory, LetsTheFailureOfASubscriptionOutAndStoresNothing) {
   m_library.Instance();
   Listener listener;
-  WithEachAllocationFailing([&] { m_library.Subscribe(&Listener::Hear, &listener); });
+  WithEachAllocationFailing(GetParam(), [&] { m_library.Subscribe(&Listener::Hear, &listener); });
   m_library.SetConfiguration(tests::OneRegion());
   EXPECT_EQ(1, listener.calls);
   ExpectLockReleased();
 }
 
-TEST_F(BlankingWithoutMemory, DoesNotTellASubscriberThatItCannotStore) {
+TEST_P(BlankingWithoutMemory, DoesNotTellASubscriberThatItCannotStore) {
   m_library.Start();
   Listener listener;
-  WithEachAllocationFailing([&] { m_library.Subscribe(&Listener::Hear, &listener); });
+  WithEachAllocationFailing(GetParam(), [&] { m_library.Subscribe(&Listener::Hear, &listener); });
   EXPECT_EQ(1, listener.calls);
   EXPECT_THAT(tests::ColoursOf(listener.record), ElementsAre(tests::kRed, tests::kBlue));
 }
 
-TEST_F(BlankingWithoutMemory, KeepsTheOrderOfSubscribersWhoseListCouldNotGrow) {
+TEST_P(BlankingWithoutMemory, KeepsTheOrderOfSubscribersWhoseListCouldNotGrow) {
   m_library.Instance();
   const char* const names[] = {"A", "B", "C", "D", "E", "F", "G", "H", "I"};
   Calls expected;
   for (const char* const name : names) {
     expected.push_back(std::string("Subscriber(") + name + ")");
   }
-  WithEachAllocationFailing([&] {
+  WithEachAllocationFailing(GetParam(), [&] {
     for (const char* const name : names) m_library.Unsubscribe(&NoteCall, Named(name));
     for (const char* const name : names) m_library.Subscribe(&NoteCall, Named(name));
   });
@@ -113,12 +113,12 @@ TEST_F(BlankingWithoutMemory, KeepsTheOrderOfSubscribersWhoseListCouldNotGrow) {
   EXPECT_EQ(expected, tests::CalledSubscribers());
 }
 
-TEST_F(BlankingWithoutMemory, IsStartedAndSubscribedUnlessTheFailureGotOut) {
+TEST_P(BlankingWithoutMemory, IsStartedAndSubscribedUnlessTheFailureGotOut) {
   NewListener();  // so that the list has room and only the start needs memory
   int runs = 0;
   int starts = 0;
   bool isStarted = false;
-  WithEachAllocationFailing([&] {
+  WithEachAllocationFailing(GetParam(), [&] {
     ++runs;
     EXPECT_EQ(isStarted ? 1U : 0U, Platform().subscriptions.size());
     m_library.Stop();
@@ -134,9 +134,9 @@ TEST_F(BlankingWithoutMemory, IsStartedAndSubscribedUnlessTheFailureGotOut) {
   EXPECT_GT(starts, 1) << "no failure was swallowed";
 }
 
-TEST_F(BlankingWithoutMemory, HasTheRegionsOnceAStartHasMemory) {
+TEST_P(BlankingWithoutMemory, HasTheRegionsOnceAStartHasMemory) {
   NewListener();
-  WithEachAllocationFailing([&] {
+  WithEachAllocationFailing(GetParam(), [&] {
     m_library.Stop();
     m_library.Start();
     if (NewListener().calls == 0) throw std::bad_alloc();  // what the start has swallowed
@@ -144,14 +144,14 @@ TEST_F(BlankingWithoutMemory, HasTheRegionsOnceAStartHasMemory) {
   EXPECT_THAT(tests::ColoursOf(NewListener().record), ElementsAre(tests::kRed, tests::kBlue));
 }
 
-TEST_F(BlankingWithoutMemory, LetsNothingOutOfAChangeAndTellsNobodyOrTheOldRecord) {
+TEST_P(BlankingWithoutMemory, LetsNothingOutOfAChangeAndTellsNobodyOrTheOldRecord) {
   const IniFile change = tests::Settings({{tests::RegionGroup(3), tests::GreenRegion()}});
   Listener listener;
   m_library.Subscribe(&Listener::Hear, &listener);
   m_library.Start();
   int untold = 0;
   int toldOld = 0;
-  WithEachAllocationFailing([&] {
+  WithEachAllocationFailing(GetParam(), [&] {
     listener.calls = 0;
     EXPECT_NO_THROW(tests::Change(change));
     if (listener.calls == 1 && listener.record.count == 3) return;
@@ -165,5 +165,8 @@ TEST_F(BlankingWithoutMemory, LetsNothingOutOfAChangeAndTellsNobodyOrTheOldRecor
   EXPECT_GT(untold, 0);
   EXPECT_GT(toldOld, 0);
 }
+
+INSTANTIATE_TEST_SUITE_P(Shortages, BlankingWithoutMemory, testing::ValuesIn(tests::kShortages),
+                         tests::ShortageName);
 
 }  // namespace

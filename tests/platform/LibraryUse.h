@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tests/platform/LoadedLibrary.h"
 #include "tests/platform/Regions.h"
 #include "tests/platform/Subscribers.h"
+#include "tests/support/LoadedLibrary.h"
 
 namespace tests {
 

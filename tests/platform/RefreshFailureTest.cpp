@@ -21,13 +21,16 @@ constexpr int kReads = 1 + 3 + 2 + 1 + 2 * 5;
 
 void FailAtRead(int nth) { fakes::CallLog::Instance().FailAt("IniFile::", nth); }
 
+// The settings are handed over, or merged, before they are read.
+constexpr int kBeforeReading = 1;
+
 TEST(ARefreshOfTwoRegions, ReadsAsOftenAsTheTestsBelowLetItFail) {
   tests::InFreshProcess([] {
     fakes::Platform::Instance().stored = TwoRegions();
     const WindowBlankingChanges& changes = *WindowBlankingChanges::Instance();
     fakes::CallLog::Instance().Clear();
     changes.Start();
-    EXPECT_THAT(fakes::CallLog::Instance().CallsOf("IniFile::"), SizeIs(kReads));
+    EXPECT_THAT(fakes::CallLog::Instance().CallsOf("IniFile::"), SizeIs(kBeforeReading + kReads));
   });
 }
 
@@ -39,7 +42,7 @@ class AFailingRefresh : public testing::TestWithParam<int> {
     fakes::Platform::Instance().stored = TwoRegions();
     const WindowBlankingChanges& changes = *WindowBlankingChanges::Instance();
     fakes::CallLog::Instance().Clear();
-    FailAtRead(GetParam());
+    FailAtRead(kBeforeReading + GetParam());
     EXPECT_NO_THROW(changes.Start());
     return changes;
   }
@@ -81,7 +84,7 @@ TEST_P(AFailingRefresh, OfAChangeTellsSubscribersTheOldRecord) {
   tests::InFreshProcess([] {
     tests::Started(tests::SwitchedOn({tests::GreenRegion()}));
     const IniFile change = TwoRegions();
-    FailAtRead(1 + GetParam());  // the merging comes first
+    FailAtRead(kBeforeReading + GetParam());
     const tests::Listener listener = tests::ListenerAfter(change);
     EXPECT_EQ(1, listener.calls);
     EXPECT_THAT(tests::ColoursOf(listener.record), ElementsAre(tests::kGreen));
@@ -92,7 +95,7 @@ TEST_P(AFailingRefresh, OfAChangeKeepsWhatWasMerged) {
   tests::InFreshProcess([] {
     tests::Started(tests::SwitchedOn({tests::GreenRegion()}));
     const IniFile change = TwoRegions();
-    FailAtRead(1 + GetParam());
+    FailAtRead(kBeforeReading + GetParam());
     tests::Change(change);
     EXPECT_THAT(tests::ColoursOf(tests::ListenerAfter(IniFile()).record),
                 ElementsAre(tests::kRed, tests::kBlue));

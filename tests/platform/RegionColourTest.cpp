@@ -78,9 +78,16 @@ struct Reference {
 };
 
 const Reference kReferences[] = {
-    {"Black", 0, 0, 0, {16, 128, 128}},  {"White", 255, 255, 255, {235, 128, 128}},
-    {"Red", 255, 0, 0, {82, 90, 240}},   {"Green", 0, 255, 0, {144, 54, 34}},
-    {"Blue", 0, 0, 255, {41, 240, 110}}, {"Grey", 128, 128, 128, {126, 128, 128}},
+    {"Black", 0, 0, 0, {16, 128, 128}},
+    {"White", 255, 255, 255, {235, 128, 128}},
+    {"Red", 255, 0, 0, {82, 90, 240}},
+    {"Green", 0, 255, 0, {144, 54, 34}},
+    {"Blue", 0, 0, 255, {41, 240, 110}},
+    {"Grey", 128, 128, 128, {126, 128, 128}},
+    // Where one less before the shift would round down.
+    {"LumaThatJustRoundsUp", 3, 30, 252, {57, 229, 101}},
+    {"BlueDifferenceThatJustRoundsUp", 3, 35, 7, {35, 121, 116}},
+    {"RedDifferenceThatJustRoundsUp", 3, 15, 175, {41, 200, 112}},
 };
 
 class AReferenceColour : public testing::TestWithParam<Reference> {};

@@ -3,9 +3,9 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/platform/LoadedLibrary.h"
 #include "tests/platform/PlatformCalls.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/LoadedLibrary.h"
 #include "tests/support/fakes/Platform.h"
 
 namespace {
@@ -16,7 +16,7 @@ using tests::CallsDuring;
 using tests::LoadedLibrary;
 
 /// A fresh load of the library whose first use runs out of memory.
-class AResourceCallWithoutMemory : public testing::Test {
+class AResourceCallWithoutMemory : public testing::TestWithParam<tests::Shortage> {
  protected:
   void SetUp() override { fakes::Platform::Instance().Reset(); }
 
@@ -24,7 +24,7 @@ class AResourceCallWithoutMemory : public testing::Test {
   Calls CallsWithoutFirstAllocation() {
     int runs = 0;
     return CallsDuring([&] {
-      tests::WithEachAllocationFailing([&] {
+      tests::WithEachAllocationFailing(GetParam(), [&] {
         if (++runs == 1) m_library.ReserveResources(3);
       });
     });
@@ -41,18 +41,18 @@ const Calls kWholeCall = {"Mutex::Lock()",
                           "ResourceReserver::~ResourceReserver()",
                           "TavrelSettingsClient::~TavrelSettingsClient()"};
 
-TEST_F(AResourceCallWithoutMemory, ReleasesTheLockWhereTheInstanceCannotBeMade) {
+TEST_P(AResourceCallWithoutMemory, ReleasesTheLockWhereTheInstanceCannotBeMade) {
   const Calls calls = CallsWithoutFirstAllocation();
   if (IsSkipped()) return;
   EXPECT_THAT(calls, ElementsAre("Mutex::Lock()", "Mutex::Unlock()"));
 }
 
-TEST_F(AResourceCallWithoutMemory, LeavesTheNextCallToMakeTheInstance) {
+TEST_P(AResourceCallWithoutMemory, LeavesTheNextCallToMakeTheInstance) {
   CallsWithoutFirstAllocation();
   EXPECT_EQ(kWholeCall, CallsDuring([&] { EXPECT_EQ(1, m_library.ReserveResources(3)); }));
 }
 
-TEST_F(AResourceCallWithoutMemory, MakesNoSecondInstanceOnALaterUse) {
+TEST_P(AResourceCallWithoutMemory, MakesNoSecondInstanceOnALaterUse) {
   m_library.AvailableResources();
   const Calls calls = CallsWithoutFirstAllocation();
   if (IsSkipped()) return;
@@ -61,7 +61,7 @@ TEST_F(AResourceCallWithoutMemory, MakesNoSecondInstanceOnALaterUse) {
                                  "TavrelSettingsClient::~TavrelSettingsClient()"));
 }
 
-TEST_F(AResourceCallWithoutMemory, MakesNoSecondInstanceOnAnotherThread) {
+TEST_P(AResourceCallWithoutMemory, MakesNoSecondInstanceOnAnotherThread) {
   m_library.ReserveResources(1);
   Calls calls;
   std::thread([&] { calls = CallsWithoutFirstAllocation(); }).join();
@@ -71,9 +71,9 @@ TEST_F(AResourceCallWithoutMemory, MakesNoSecondInstanceOnAnotherThread) {
                                  "TavrelSettingsClient::~TavrelSettingsClient()"));
 }
 
-TEST_F(AResourceCallWithoutMemory, ClosesAndReleasesWhateverAllocationFails) {
+TEST_P(AResourceCallWithoutMemory, ClosesAndReleasesWhateverAllocationFails) {
   int result = 0;
-  tests::WithEachAllocationFailing([&] { result = m_library.ReserveResources(3); });
+  tests::WithEachAllocationFailing(GetParam(), [&] { result = m_library.ReserveResources(3); });
   EXPECT_EQ(1, result);
   const fakes::CallLog& log = fakes::CallLog::Instance();
   EXPECT_EQ(log.CallsOf("Mutex::Lock()").size(), log.CallsOf("Mutex::Unlock()").size());
@@ -83,5 +83,8 @@ TEST_F(AResourceCallWithoutMemory, ClosesAndReleasesWhateverAllocationFails) {
             log.CallsOf("ResourceReserver::~").size());
   EXPECT_EQ(kWholeCall, CallsDuring([&] { m_library.ReserveResources(3); }));
 }
+
+INSTANTIATE_TEST_SUITE_P(Shortages, AResourceCallWithoutMemory,
+                         testing::ValuesIn(tests::kShortages), tests::ShortageName);
 
 }  // namespace

@@ -30,9 +30,12 @@ const auto& Subscriptions() { return fakes::Platform::Instance().subscriptions; 
 
 /// All that the platform sees of a start without settings.
 Calls WholeStart() {
-  return {"Mutex::Lock()", "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
+  return {"Mutex::Lock()",
+          "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
+          "IniFile::operator=(other)",
           "TavrelSettingsClient::Subscribe(callback,Imaging/WindowBlanking*)",
-          "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)", "Mutex::Unlock()"};
+          "IniFile::GetBoolOrDefault(Imaging/WindowBlanking,Enabled,false)",
+          "Mutex::Unlock()"};
 }
 
 TEST(Starting, SubscribesOneCallbackForTheGroupAndAllThatLiesBelowIt) {
@@ -140,9 +143,14 @@ const FailingStart kFailingStarts[] = {
      "TavrelSettingsClient::GetSettings",
      {"Mutex::Lock()", "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
       "Mutex::Unlock()"}},
+    {"WhenReceivingTheSettings",
+     "IniFile::operator=",
+     {"Mutex::Lock()", "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
+      "IniFile::operator=(other)", "Mutex::Unlock()"}},
     {"WhenSubscribing",
      "TavrelSettingsClient::Subscribe",
      {"Mutex::Lock()", "TavrelSettingsClient::GetSettings(Imaging/WindowBlanking*)",
+      "IniFile::operator=(other)",
       "TavrelSettingsClient::Subscribe(callback,Imaging/WindowBlanking*)", "Mutex::Unlock()"}},
 };
 

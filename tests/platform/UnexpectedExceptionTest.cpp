@@ -19,10 +19,10 @@ constexpr int kUnexpected = 77;
 
 [[noreturn]] void ExitAsUnexpected() { _exit(kUnexpected); }
 
-/// Has the next call of a mutex that starts with `call` throw.
-void LetThrow(const std::string& call) {
+/// Has the nth call of a mutex that starts with `call` throw.
+void LetThrow(const std::string& call, int nth = 1) {
   tests::InstallUnexpectedHandler(&ExitAsUnexpected);
-  fakes::CallLog::Instance().FailAt(call, 1);
+  fakes::CallLog::Instance().FailAt(call, nth);
 }
 
 const char* const kMutexCalls[] = {"Mutex::Lock()", "Mutex::Unlock()"};
@@ -73,16 +73,90 @@ INSTANTIATE_TEST_SUITE_P(Of, ABlankingOperation,
                                           testing::ValuesIn(kMutexCalls)),
                          [](const auto& row) { return NameOf(row); });
 
-TEST(AFailureThatAlreadyTravels, EndsTheProcessWhereTheUnlockThrowsToo) {
+TEST_P(ABlankingOperation, EndsTheProcessAlsoWhereTheMutexThrowsANumber) {
+  const auto& [operation, call] = GetParam();
   EXPECT_EXIT(
       {
-        const WindowBlankingChanges& changes = *WindowBlankingChanges::Instance();
-        LetThrow("Mutex::Unlock()");
-        fakes::CallLog::Instance().FailAt("TavrelSettingsClient::GetSettings", 1);
-        changes.Start();
+        tests::PrepareFor(operation);
+        LetThrow(call);
+        fakes::CallLog::Instance().SetThrown(fakes::Thrown::kNumber);
+        operation.call();
       },
       ExitedWithCode(kUnexpected), "");
 }
+
+/// A failure that leaves an operation, or would if the operation let it.
+struct TravellingFailure {
+  const char* name;
+  bool isOfStarted;
+  const char* failing;
+  void (*call)();
+};
+
+const TravellingFailure kTravelling[] = {
+    {"OfReading", false, "TavrelSettingsClient::GetSettings",
+     [] { WindowBlankingChanges().Start(); }},
+    {"OfSubscribing", false, "TavrelSettingsClient::Subscribe",
+     [] { WindowBlankingChanges().Start(); }},
+    {"OfUnsubscribing", true, "TavrelSettingsClient::UnSubscribe",
+     [] { WindowBlankingChanges().Stop(); }},
+    {"OfANewSubscriber", true, "Subscriber(",
+     [] { WindowBlankingChanges().Subscribe(&tests::NoteCall, tests::Named("new")); }},
+    {"OfASubscriberToldAConfiguration", true, "Subscriber(",
+     [] { WindowBlankingChanges().SetConfiguration(tests::OneRegion()); }},
+    {"OfASubscriberToldAChange", true, "Subscriber(",
+     [] { tests::Change(fakes::Platform::Instance().stored); }},
+    {"OfMerging", true, "IniFile::MergeSettings",
+     [] { tests::Change(fakes::Platform::Instance().stored); }},
+};
+
+class AFailureThatAlreadyTravels : public testing::TestWithParam<TravellingFailure> {
+ protected:
+  static void Prepare() {
+    fakes::Platform::Instance().stored = tests::SwitchedOn({tests::RedRegion()});
+    const WindowBlankingChanges& changes = *WindowBlankingChanges::Instance();
+    if (GetParam().isOfStarted) changes.Start();
+    changes.Subscribe(&tests::NoteCall, tests::Named("first"));
+  }
+};
+
+TEST_P(AFailureThatAlreadyTravels, EndsTheProcessWhereTheUnlockThrowsToo) {
+  EXPECT_EXIT(
+      {
+        Prepare();
+        LetThrow("Mutex::Unlock()");
+        fakes::CallLog::Instance().FailAt(GetParam().failing, 1);
+        GetParam().call();
+      },
+      ExitedWithCode(kUnexpected), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Failure, AFailureThatAlreadyTravels, testing::ValuesIn(kTravelling),
+                         [](const auto& row) { return std::string(row.param.name); });
+
+int Unsubscribe(void* context, int /*kind*/, void* /*data*/, int /*size*/) {
+  WindowBlankingChanges().Unsubscribe(&Unsubscribe, context);
+  return 0;
+}
+
+class ALockWithinALock : public testing::TestWithParam<const char*> {};
+
+// Not swallowed like what a subscriber throws, though it is within a change.
+TEST_P(ALockWithinALock, EndsTheProcessToo) {
+  EXPECT_EXIT(
+      {
+        WindowBlankingChanges& changes = *WindowBlankingChanges::Instance();
+        changes.Start();
+        changes.Subscribe(&Unsubscribe, nullptr);
+        // The lock of the change comes first and its release last.
+        LetThrow(GetParam(), std::string(GetParam()) == "Mutex::Lock()" ? 2 : 1);
+        tests::Change(fakes::Platform::Instance().stored);
+      },
+      ExitedWithCode(kUnexpected), "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Call, ALockWithinALock, testing::ValuesIn(kMutexCalls),
+                         [](const auto& row) { return NameOfCall(row.param); });
 
 TEST(AConfigurationOfCountZero, MeetsNoMutexThatCouldThrow) {
   EXPECT_EXIT(

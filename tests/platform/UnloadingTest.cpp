@@ -2,10 +2,10 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/platform/LoadedLibrary.h"
 #include "tests/platform/PlatformCalls.h"
 #include "tests/platform/Regions.h"
 #include "tests/platform/Subscribers.h"
+#include "tests/support/LoadedLibrary.h"
 
 namespace {
 

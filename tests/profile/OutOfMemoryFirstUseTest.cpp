@@ -9,33 +9,37 @@ using tests::NodePtr;
 using tests::WithEachAllocationFailing;
 
 /// Operations of a profile that make and load the settings, short of memory all the while.
-using AFirstUseWithoutMemory = tests::ProfileTest;
+class AFirstUseWithoutMemory : public tests::ProfileTest,
+                               public testing::WithParamInterface<tests::Shortage> {};
 
-TEST_F(AFirstUseWithoutMemory, ByAParseCanBeRepeated) {
+TEST_P(AFirstUseWithoutMemory, ByAParseCanBeRepeated) {
   const std::string text = tests::ProfileText("<tt:rule/>");
   tests::InFreshProcess([&] {
     bool parsed = false;
-    WithEachAllocationFailing([&] { parsed = m_profile.ParseString(text); });
+    WithEachAllocationFailing(GetParam(), [&] { parsed = m_profile.ParseString(text); });
     EXPECT_TRUE(parsed);
     EXPECT_TRUE(NodePtr(m_profile.SelectRule("")));
   });
 }
 
-TEST_F(AFirstUseWithoutMemory, ByAQueryTextCanBeRepeated) {
+TEST_P(AFirstUseWithoutMemory, ByAQueryTextCanBeRepeated) {
   tests::InFreshProcess([] {
     std::string query;
-    WithEachAllocationFailing([&] { query = ProfileDoc::SimpleItemQry(true); });
+    WithEachAllocationFailing(GetParam(), [&] { query = ProfileDoc::SimpleItemQry(true); });
     EXPECT_EQ("tt:Parameters/tt:SimpleItem", query);
   });
 }
 
-TEST_F(AFirstUseWithoutMemory, ByASelectionCanBeRepeated) {
+TEST_P(AFirstUseWithoutMemory, ByASelectionCanBeRepeated) {
   tests::InFreshProcess([this] {
-    WithEachAllocationFailing([&] { EXPECT_EQ(nullptr, m_profile.SelectRule("")); });
+    WithEachAllocationFailing(GetParam(), [&] { EXPECT_EQ(nullptr, m_profile.SelectRule("")); });
     Parse("<tt:rule/>");
     EXPECT_TRUE(NodePtr(m_profile.SelectRule("")));
   });
 }
+
+INSTANTIATE_TEST_SUITE_P(Shortages, AFirstUseWithoutMemory, testing::ValuesIn(tests::kShortages),
+                         tests::ShortageName);
 
 }  // namespace
 }  // namespace analytics

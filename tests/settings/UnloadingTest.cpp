@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/settings/LiveDocuments.h"
-#include "tests/settings/LoadedLibrary.h"
+#include "tests/support/LoadedLibrary.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace {

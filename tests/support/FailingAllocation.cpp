@@ -1,36 +1,36 @@
 #include "tests/support/FailingAllocation.h"
 
+#include <atomic>
 #include <cstddef>
 #include <cstdlib>
 #include <new>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Figures.h"
+
 namespace {
 
-// How many allocations of this thread remain up to the one that fails; 0 while none is to fail.
-thread_local int s_untilFailure = 0;
+thread_local tests::FailureCount s_count;
+std::atomic<long> s_live;
 
-void* Allocate(std::size_t size) noexcept { return std::malloc(size > 0 ? size : 1); }
+void* Allocate(std::size_t size) noexcept {
+  void* const memory = std::malloc(size > 0 ? size : 1);
+  if (memory) ++s_live;
+  return memory;
+}
 
 void* AllocateOrThrow(std::size_t size) {
-  if (s_untilFailure > 0 && --s_untilFailure == 0) throw std::bad_alloc();
+  if (s_count.NextFails()) throw std::bad_alloc();
   void* const memory = Allocate(size);
   if (!memory) throw std::bad_alloc();
   return memory;
 }
 
-/// Has one allocation of this thread fail, for a scope.
-class Failure {
- public:
-  explicit Failure(int allocation) { s_untilFailure = allocation; }
-  ~Failure() { s_untilFailure = 0; }
-
-  Failure(const Failure&) = delete;
-  Failure& operator=(const Failure&) = delete;
-
-  bool Happened() const { return s_untilFailure == 0; }
-};
+void Release(void* memory) noexcept {
+  if (memory) --s_live;
+  std::free(memory);
+}
 
 bool LetsBadAllocOut(const std::function<void()>& operation) {
   try {
@@ -41,12 +41,13 @@ bool LetsBadAllocOut(const std::function<void()>& operation) {
   return false;
 }
 
-/// Runs `operation` with one allocation failing and gives whether it came to that allocation.
-bool ComesToFailure(const std::function<void()>& operation, int allocation) {
-  const Failure failure(allocation);
+/// Runs `operation` with allocations failing and gives whether it came to the first of them.
+bool ComesToFailure(const std::function<void()>& operation, int number, tests::Shortage shortage) {
+  const tests::FailingAllocation failing(number, shortage);
   const bool letOut = LetsBadAllocOut(operation);
-  if (!failure.Happened()) return false;
-  EXPECT_TRUE(letOut) << "std::bad_alloc from allocation " << allocation << " was lost";
+  if (failing.Failures() == 0) return false;
+  EXPECT_TRUE(letOut) << "std::bad_alloc from allocation " << number << " was lost";
+  tests::Count("allocations_failed", failing.Failures());
   return true;
 }
 
@@ -61,19 +62,32 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
 void* operator new[](std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   return Allocate(size);
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete[](void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
-void operator delete[](void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
-void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept { std::free(memory); }
-void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept { std::free(memory); }
+void operator delete(void* memory) noexcept { Release(memory); }
+void operator delete[](void* memory) noexcept { Release(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept { Release(memory); }
+void operator delete[](void* memory, std::size_t /*size*/) noexcept { Release(memory); }
+void operator delete(void* memory, const std::nothrow_t& /*tag*/) noexcept { Release(memory); }
+void operator delete[](void* memory, const std::nothrow_t& /*tag*/) noexcept { Release(memory); }
 
 namespace tests {
 
-void WithEachAllocationFailing(const std::function<void()>& operation) {
+FailingAllocation::FailingAllocation(int number, Shortage shortage) {
+  s_count.Begin(number, shortage);
+}
+
+FailingAllocation::~FailingAllocation() { s_count.End(); }
+
+bool FailingAllocation::IsPossible() { return true; }
+
+long FailingAllocation::Live() { return s_live; }
+
+int FailingAllocation::Failures() const { return s_count.Failures(); }
+
+void WithEachAllocationFailing(Shortage shortage, const std::function<void()>& operation) {
   int failures = 0;
-  while (ComesToFailure(operation, failures + 1)) ++failures;
+  while (ComesToFailure(operation, failures + 1, shortage)) ++failures;
   EXPECT_GT(failures, 0) << "the operation allocates nothing";
+  Count("operations");
 }
 
 }  // namespace tests

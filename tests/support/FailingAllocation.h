@@ -2,19 +2,41 @@
 
 #include <functional>
 
+#include "tests/support/Shortage.h"
+
 namespace tests {
+
+/// Has `operator new` throw `std::bad_alloc` in this thread for a scope. One at a time.
+///
+/// Only allocations of the calling thread count. Forms of `operator new` that never throw, or that
+/// take an alignment, and `malloc` are neither counted nor made to fail. A test program that links
+/// this has its global `operator new` and `operator delete` replaced.
+class FailingAllocation {
+ public:
+  /// @param number  of the allocation that fails first, from 1
+  FailingAllocation(int number, Shortage shortage);
+  ~FailingAllocation();
+
+  FailingAllocation(const FailingAllocation&) = delete;
+  FailingAllocation& operator=(const FailingAllocation&) = delete;
+
+  /// Whether this program can have allocations fail at all.
+  static bool IsPossible();
+
+  /// How many blocks of `operator new` the process has not given back.
+  static long Live();
+
+  /// How many allocations have failed so far.
+  int Failures() const;
+};
 
 /// Runs `operation` again and again, with its first, second, ... `operator new` throwing
 /// `std::bad_alloc`, until a run completes.
 ///
-/// Expects that at least one run failed and that every failed run let `std::bad_alloc` out. Only
-/// allocations of the calling thread count, those of the operation's own locals included: make
-/// arguments outside, or a run fails before it reaches what is tested. Forms of `operator new` that
-/// never throw, or that take an alignment, and `malloc` are neither counted nor made to fail.
-///
-/// Expectations on what a failed run left behind go at the start of `operation`, where they see it
-/// at the next run, or after this call. A test program that links this has its global
-/// `operator new` and `operator delete` replaced.
-void WithEachAllocationFailing(const std::function<void()>& operation);
+/// Expects that at least one run failed and that every failed run let `std::bad_alloc` out.
+/// Allocations of the operation's own locals count too: make arguments outside, or a run fails
+/// before it reaches what is tested. Expectations on what a failed run left behind go at the start
+/// of `operation`, where they see it at the next run, or after this call.
+void WithEachAllocationFailing(Shortage shortage, const std::function<void()>& operation);
 
 }  // namespace tests

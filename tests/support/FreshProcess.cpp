@@ -7,22 +7,30 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Writes what a build for coverage has counted, which otherwise happens only at exit(); null in any
-// other build.
+// There in a build for coverage alone, where each library writes what it has counted at exit().
 extern "C" __attribute__((weak)) int WriteCoverage() __asm__("__llvm_profile_write_file");
+
+// Reports what is leaked so far, and gives whether anything is, which otherwise happens only at
+// exit(); null in a build without the leak checker.
+extern "C" __attribute__((weak)) int ReportLeaks() __asm__("__lsan_do_recoverable_leak_check");
 
 namespace tests {
 namespace {
 
-[[noreturn]] void RunAsChild(const std::function<void()>& body) {
+/// Declared `noexcept`, so that an exception ends the child: further up, gtest would catch it and
+/// go on with the parent's tests.
+[[noreturn]] void RunAsChild(const std::function<void()>& body) noexcept {
   body();
+  const bool leaks = HasLeakChecker() && ReportLeaks() != 0;
+  const int status = testing::Test::HasFailure() || leaks ? EXIT_FAILURE : EXIT_SUCCESS;
   std::fflush(nullptr);
-  if (WriteCoverage) WriteCoverage();
-  // Not exit(): the parent's test program must not end twice.
-  _exit(testing::Test::HasFailure() ? EXIT_FAILURE : EXIT_SUCCESS);
+  if (WriteCoverage) std::exit(status);
+  _exit(status);  // elsewhere the parent's test program must not end twice
 }
 
 }  // namespace
+
+bool HasLeakChecker() { return ReportLeaks != nullptr; }
 
 void InFreshProcess(const std::function<void()>& body) {
   std::fflush(nullptr);

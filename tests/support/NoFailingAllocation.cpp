@@ -4,7 +4,17 @@
 
 namespace tests {
 
-void WithEachAllocationFailing(const std::function<void()>& operation) {
+FailingAllocation::FailingAllocation(int /*number*/, Shortage /*shortage*/) {}
+
+FailingAllocation::~FailingAllocation() = default;
+
+bool FailingAllocation::IsPossible() { return false; }
+
+long FailingAllocation::Live() { return 0; }
+
+int FailingAllocation::Failures() const { return 0; }
+
+void WithEachAllocationFailing(Shortage /*shortage*/, const std::function<void()>& operation) {
   operation();
   GTEST_SKIP() << "clang's thread sanitizer keeps operator new to itself, none is made to fail";
 }

@@ -55,7 +55,7 @@ Mutex::~Mutex() {
 
 int Mutex::Lock() {
   Note("Mutex::Lock()");
-  const int answer = fakes::LockAnswer();
+  const int answer = fakes::TakeLockAnswer();
   return answer != 0 ? answer : pthread_mutex_lock(&m_mutex);
 }
 

@@ -28,9 +28,21 @@ const std::string* Find(const IniFile::Groups& groups, const std::string& group,
 
 IniFile::IniFile() { Note("IniFile::IniFile()"); }
 
-IniFile::IniFile(const IniFile&) = default;
+// Copies are noted before anything is copied, so that one that fails has copied nothing.
 
-IniFile& IniFile::operator=(const IniFile&) = default;
+IniFile::IniFile(const IniFile& other)
+    : m_groups((Note("IniFile::IniFile(other)"), other.m_groups)),
+      m_removedGroups(other.m_removedGroups),
+      m_removedKeys(other.m_removedKeys) {}
+
+IniFile& IniFile::operator=(const IniFile& other) {
+  Note("IniFile::operator=(other)");
+  if (this == &other) return *this;
+  m_groups = other.m_groups;
+  m_removedGroups = other.m_removedGroups;
+  m_removedKeys = other.m_removedKeys;
+  return *this;
+}
 
 IniFile::~IniFile() { Note("IniFile::~IniFile()"); }
 

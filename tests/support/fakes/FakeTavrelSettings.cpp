@@ -14,14 +14,14 @@ namespace fakes {
 
 Platform& Platform::Instance() {
   // Never destroyed: fakes are called until the very end of the process.
-  static Platform* const platform = new Platform;
+  static auto* const platform = new Platform;
   return *platform;
 }
 
 namespace {
 
 /// Has the platform made, and its own settings forgotten by the log, before the library is loaded.
-[[maybe_unused]] const bool s_isMade = (Platform::Instance().Reset(), true);
+[[maybe_unused]] const bool kIsMade = (Platform::Instance().Reset(), true);
 
 }  // namespace
 
@@ -29,6 +29,7 @@ void Platform::Reset() {
   CallLog::Instance().Clear();  // what is set to fail must not fail here
   *this = Platform();
   LockAnswer() = 0;
+  RefusalsLeft() = kAlways;
   CallLog::Instance().Clear();
 }
 
@@ -65,11 +66,13 @@ TavrelSettingsClient::~TavrelSettingsClient() {
 void TavrelSettingsClient::GetSettings(const std::string& pattern, core::IniFile& out) const {
   Note("TavrelSettingsClient::GetSettings(" + pattern + ")");
   out = Platform::Instance().stored;
+  if (Platform::Instance().whileReading) Platform::Instance().whileReading();
 }
 
 void TavrelSettingsClient::Subscribe(IChangeCallback* callback, const std::string& pattern) {
   Note("TavrelSettingsClient::Subscribe(" + Text(callback, "callback") + "," + pattern + ")");
   Platform::Instance().subscriptions.emplace_back(callback, pattern);
+  if (Platform::Instance().whileSubscribing) Platform::Instance().whileSubscribing();
 }
 
 void TavrelSettingsClient::UnSubscribe(IChangeCallback* callback) {

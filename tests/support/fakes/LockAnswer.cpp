@@ -7,4 +7,16 @@ int& LockAnswer() {
   return answer;
 }
 
+int& RefusalsLeft() {
+  static int left = kAlways;
+  return left;
+}
+
+int TakeLockAnswer() {
+  // While no lock is refused nothing is written: several threads may be here.
+  if (LockAnswer() == 0 || RefusalsLeft() == 0) return 0;
+  if (RefusalsLeft() != kAlways) --RefusalsLeft();
+  return LockAnswer();
+}
+
 }  // namespace fakes

@@ -25,8 +25,10 @@ struct Platform {
 
   int availableResources = 0;
   bool usageAccepted = true;
-  std::function<void()> whileAsked;  ///< if set, called during each question to a reserver
-  tavrel::core::IniFile stored;      ///< what `GetSettings` gives, whatever the pattern
+  std::function<void()> whileAsked;        ///< if set, called during each question to a reserver
+  std::function<void()> whileReading;      ///< if set, called at the end of `GetSettings`
+  std::function<void()> whileSubscribing;  ///< if set, called at the end of `Subscribe`
+  tavrel::core::IniFile stored;            ///< what `GetSettings` gives, whatever the pattern
 
   using Subscription = std::pair<tavrel::settings::IChangeCallback*, std::string>;
   std::vector<Subscription> subscriptions;  ///< callback and pattern

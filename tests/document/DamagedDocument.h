@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlAllocations.h"
+
+namespace analytics {
+
+/// Opens texts of which most are not well-formed and compares what a document says of each with
+/// what libxml2 alone makes of it.
+class DamagedDocument : public testing::Test {
+ protected:
+  DamagedDocument();
+
+  /// Checks one text and that nothing of it stays behind; after a first failure it does no more.
+  void CheckText(const std::string& text, const std::string& damage);
+
+  const XmlErrors m_quiet;
+  const tests::XmlAllocations m_allocations;
+};
+
+}  // namespace analytics

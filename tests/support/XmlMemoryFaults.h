@@ -1,0 +1,31 @@
+#pragma once
+
+#include <iosfwd>
+#include <vector>
+
+namespace tests {
+
+/// Effects of a fault of libxml2.
+enum XmlMemoryEffect : unsigned {
+  kLeaks = 1,        // blocks are lost
+  kWrongAnswer = 2,  // neither the whole answer nor an empty one
+  kWrongState = 4,   // a tree that is neither as before nor as wanted
+  kCrashes = 8,      // memory is touched that must not be
+};
+
+/// What a function of libxml2 itself does wrong when it has no memory.
+struct XmlMemoryFault {
+  const char* call;
+  unsigned effects;
+  const char* why;
+};
+
+/// All that this library cannot make up for; a test shows each with libxml2 alone.
+const std::vector<XmlMemoryFault>& XmlMemoryFaults();
+
+void PrintTo(const XmlMemoryFault& fault, std::ostream* out);
+
+/// The effects that are to be expected of these functions of libxml2.
+unsigned ExpectedEffects(const std::vector<const char*>& calls);
+
+}  // namespace tests
