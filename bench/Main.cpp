@@ -11,11 +11,12 @@
 
 namespace {
 
-void AddAllPairs(const std::string& settingsFile) {
+void AddAllWork(const std::string& settingsFile) {
   bench::AddProfilePairs();
   bench::AddItemPairs();
   bench::AddGeometryPairs();
   bench::AddSettingsPairs(settingsFile);
+  bench::AddCheckWork();
 }
 
 void Run() {
@@ -24,7 +25,7 @@ void Run() {
   // Quoted, because the library expands the variable as a shell does.
   setenv("ANALYTICS_INI", ("'" + settingsFile + "'").c_str(), 1);
   setenv("ANALYTICS_TRACE", "0", 1);
-  AddAllPairs(settingsFile);
+  AddAllWork(settingsFile);
   benchmark::RunSpecifiedBenchmarks();
 }
 

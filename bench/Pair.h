@@ -47,4 +47,7 @@ void AddItemPairs();
 void AddGeometryPairs();
 void AddSettingsPairs(const std::string& settingsFile);
 
+/// Registers the work of analytics-settingsctl, which nobody would do by hand.
+void AddCheckWork();
+
 }  // namespace bench

@@ -1,0 +1,91 @@
+#include <memory>
+
+#include "Commands.h"
+#include "Failure.h"
+#include "check/FileCheck.h"
+#include "check/Printing.h"
+#include "input/SettingsFile.h"
+#include "input/SettingsOption.h"
+
+namespace settingsctl {
+namespace {
+
+constexpr int kHasFindings = 1;
+
+struct Arguments {
+  std::vector<std::string> files;
+  std::string kind;
+  std::string settings;
+  std::string explained;
+  std::vector<std::string> without;
+  PrintOptions printing;
+  bool list = false;
+};
+
+const Check& NamedCheck(const std::string& name) {
+  const Check* check = FindCheck(name);
+  if (!check) throw Failure("there is no check '" + name + "': see check --list");
+  return *check;
+}
+
+CheckOptions OptionsOf(const Arguments& arguments) {
+  CheckOptions options;
+  if (arguments.kind == "settings") options.kind = FileKind::kSettings;
+  if (arguments.kind == "profile") options.kind = FileKind::kProfile;
+  for (const std::string& name : arguments.without) options.without.insert(NamedCheck(name).name);
+  return options;
+}
+
+void RunChecks(const Arguments& arguments) {
+  if (arguments.files.empty()) throw Failure("name a file to check, or - for standard input");
+  const CheckOptions options = OptionsOf(arguments);
+  LoadVocabulary(arguments.settings);
+  const CheckReport report = CheckFiles(arguments.files, options);
+  PrintFindings(report.findings, arguments.printing);
+  if (!report.isComplete) throw CLI::RuntimeError(kCouldNotRun);
+  if (!report.findings.empty()) throw CLI::RuntimeError(kHasFindings);
+}
+
+void Run(const Arguments& arguments) {
+  if (!arguments.explained.empty()) return PrintCheck(NamedCheck(arguments.explained));
+  if (arguments.list) return PrintChecks(arguments.printing);
+  RunChecks(arguments);
+}
+
+void AddOptions(CLI::App& command, Arguments& arguments) {
+  command.add_option("FILE", arguments.files, "Settings files and profiles; - is standard input");
+  command.add_option("--as", arguments.kind, "What the files are; else told by their content")
+      ->type_name("KIND")
+      ->check(CLI::IsMember({"settings", "profile"}));
+  AddSettingsOption(command, arguments.settings);
+  command.add_option("--without", arguments.without, "Switch a check off; may be repeated")
+      ->type_name("NAME")
+      ->allow_extra_args(false);
+  command.add_flag("--fix-hints", arguments.printing.withHints,
+                   "Say what to do about each finding");
+  command.add_flag("--json", arguments.printing.asJson, "Print JSON");
+  command.add_flag("--list", arguments.list, "List all checks");
+  command.add_option("--explain", arguments.explained, "Explain a check, with an example")
+      ->type_name("NAME");
+}
+
+}  // namespace
+
+void AddCheckCommand(CLI::App& app) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* command =
+      app.add_subcommand("check", "Find what the library would silently ignore or misread");
+  AddOptions(*command, *arguments);
+  command->footer(
+      "Prints one line a finding, which editors can jump to:\n"
+      "  file:line: severity: message [check-name]\n"
+      "Exit status: 0 nothing found, 1 findings, 2 a file or the settings could not be read.\n\n"
+      "Examples:\n"
+      "  analytics-settingsctl check analytics.ini\n"
+      "  analytics-settingsctl check --fix-hints --settings analytics.ini profile.xml\n"
+      "  analytics-settingsctl check --without missing-slash analytics.ini\n"
+      "  analytics-settingsctl check --explain repeated-item");
+  command->callback([arguments] { Run(*arguments); });
+}
+
+}  // namespace settingsctl

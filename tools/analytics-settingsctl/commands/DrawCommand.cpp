@@ -1,0 +1,86 @@
+#include <memory>
+#include <sstream>
+
+#include <analytics/ProfileDoc.h>
+
+#include "Commands.h"
+#include "Failure.h"
+#include "draw/Picture.h"
+#include "input/ProfileContents.h"
+#include "input/SettingsFile.h"
+#include "input/SettingsOption.h"
+#include "output/FileWriting.h"
+
+namespace settingsctl {
+namespace {
+
+constexpr int kLargestSide = 16384;
+
+struct Arguments {
+  std::string file;
+  std::string output;
+  std::string size;
+  std::string background;
+  std::string settings;
+};
+
+/// Reads "1280x720".
+Size SizeOf(const std::string& text) {
+  Size size = {0, 0};
+  char separator = '\0';
+  std::istringstream stream(text);
+  stream >> size.width >> separator >> size.height;
+  const bool isWhole = !stream.fail() && separator == 'x' && stream.peek() == EOF;
+  const bool isUsual = size.width > 0 && size.width <= kLargestSide && size.height > 0 &&
+                       size.height <= kLargestSide;
+  if (isWhole && isUsual) return size;
+  throw Failure("--size " + text + " is no size: write width and height, such as 1280x720");
+}
+
+PictureOptions OptionsOf(const Arguments& arguments, const Input& input) {
+  PictureOptions options;
+  options.title = "Analytics geometry of " + input.name;
+  if (!arguments.size.empty()) options.size = SizeOf(arguments.size);
+  if (!arguments.background.empty())
+    options.background = ReadImage(ReadInput(arguments.background));
+  return options;
+}
+
+void Run(const Arguments& arguments) {
+  LoadVocabulary(arguments.settings);
+  const Input input = ReadInput(arguments.file);
+  const PictureOptions options = OptionsOf(arguments, input);
+  analytics::ProfileDoc profile;
+  ParseProfile(profile, input);
+  WriteFile(arguments.output, DrawPicture(DrawnOwners(ContentsOf(profile)), options));
+}
+
+void AddOptions(CLI::App& command, Arguments& arguments) {
+  command.add_option("FILE", arguments.file, "The profile; - is standard input")->required();
+  command.add_option("-o,--output", arguments.output, "The picture; - is standard output")
+      ->type_name("OUT.svg")
+      ->required();
+  command.add_option("--size", arguments.size, "Size of the camera's image, drawn pixel by pixel")
+      ->type_name("WxH");
+  command.add_option("--background", arguments.background, "PNG or JPEG image to draw on")
+      ->type_name("IMAGE");
+  AddSettingsOption(command, arguments.settings);
+}
+
+}  // namespace
+
+void AddDrawCommand(CLI::App& app) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* command = app.add_subcommand("draw", "Draw a profile's geometry as an SVG picture");
+  AddOptions(*command, *arguments);
+  command->footer(
+      "Without --size the picture is as large as its background, or shows all geometry fitted.\n"
+      "The background becomes part of the picture, which so stays one file.\n\n"
+      "Examples:\n"
+      "  analytics-settingsctl draw profile.xml -o profile.svg\n"
+      "  analytics-settingsctl draw profile.xml -o profile.svg --size 1280x720\n"
+      "  analytics-settingsctl draw profile.xml -o profile.svg --background snapshot.jpg");
+  command->callback([arguments] { Run(*arguments); });
+}
+
+}  // namespace settingsctl

@@ -1,0 +1,75 @@
+#include <iostream>
+#include <memory>
+
+#include <analytics/ResourceUsageServer.h>
+
+#include "Commands.h"
+#include "output/Json.h"
+
+namespace settingsctl {
+namespace {
+
+constexpr const char* kAvailableExamples = R"(Examples:
+  analytics-settingsctl available
+  analytics-settingsctl available --json
+)";
+
+constexpr const char* kReserveExamples = R"(Examples:
+  analytics-settingsctl reserve 30
+  analytics-settingsctl reserve 0              gives all units back
+
+N units are claimed for the analytics, in place of what they had before. The
+platform does not report whether it accepted a claim; the free units before and
+after it are what tells.
+)";
+
+struct Arguments {
+  int count = 0;
+  bool asJson = false;
+};
+
+void ShowAvailable(const Arguments& arguments) {
+  const int units = analytics::ResourceUsageServer().AvailableResources();
+  if (arguments.asJson) return PrintJson({{"free", units}});
+  std::cout << "Free units: " << units << "\n";
+}
+
+void Reserve(const Arguments& arguments) {
+  analytics::ResourceUsageServer server;
+  const int before = server.AvailableResources();
+  server.ReserveResources(arguments.count);
+  const int after = server.AvailableResources();
+  if (arguments.asJson) {
+    return PrintJson({{"asked", arguments.count},
+                      {"freeBefore", before},
+                      {"freeAfter", after},
+                      {"outcomeReported", false}});
+  }
+  std::cout << "Asked for:         " << arguments.count << "\nFree units before: " << before
+            << "\nFree units after:  " << after
+            << "\nThe platform does not report whether it accepted the claim; compare the free "
+               "units.\n";
+}
+
+}  // namespace
+
+void AddAvailableCommand(CLI::App& app) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command =
+      app.add_subcommand("available", "Print how many resource units are free");
+  command->add_flag("--json", arguments->asJson, "For other programs");
+  command->footer(kAvailableExamples);
+  command->callback([arguments] { ShowAvailable(*arguments); });
+}
+
+void AddReserveCommand(CLI::App& app) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command = app.add_subcommand("reserve", "Claim resource units for the analytics");
+  command->add_option("N", arguments->count, "Number of units; replaces a former claim")
+      ->required();
+  command->add_flag("--json", arguments->asJson, "For other programs");
+  command->footer(kReserveExamples);
+  command->callback([arguments] { Reserve(*arguments); });
+}
+
+}  // namespace settingsctl

@@ -1,0 +1,104 @@
+#include <memory>
+#include <string>
+
+#include <analytics/DocumentNode.h>
+#include <analytics/Settings.h>
+
+#include "Commands.h"
+#include "Failure.h"
+#include "commands/ProfileEdit.h"
+#include "input/Nodes.h"
+#include "input/XmlInput.h"
+
+namespace settingsctl {
+namespace {
+
+constexpr const char* kExamples = R"(Examples:
+  analytics-settingsctl set gate.xml --rule LineCrossing --item Sensitivity 90 --dry-run
+  analytics-settingsctl set gate.xml --rule LineCrossing --item Sensitivity 90
+  analytics-settingsctl set gate.xml --rule FieldDetector --item Active 0 -o night.xml
+  analytics-settingsctl set - --rule LineCrossing --item Offset -- -5 <gate.xml >new.xml
+
+The first rule of the type is changed. The item must exist: the library sets no
+others. FILE is replaced at once or stays as it was. A VALUE that starts with a dash
+goes behind --. Exit status: 1 if there is no such rule or item.
+)";
+
+struct Arguments : EditArguments {
+  std::string rule;
+  std::string item;
+  std::string value;
+};
+
+/// Texts that XML cannot hold, and that would leave a file that nobody can read.
+void RequireXmlText(const std::string& value) {
+  const auto* const bytes = reinterpret_cast<const xmlChar*>(value.c_str());
+  bool isFine = xmlCheckUTF8(bytes) != 0;
+  for (const char letter : value) {
+    const auto code = static_cast<unsigned char>(letter);
+    isFine = isFine && (code >= 0x20 || letter == '\t' || letter == '\n' || letter == '\r');
+  }
+  if (!isFine) throw Failure("the value is no text that XML can hold; use UTF-8 without controls");
+}
+
+NodePtr RuleOf(ProfileEdit& edit, const std::string& type) {
+  edit.RequireType(type);
+  NodePtr rule(edit.Profile().SelectRule(type));
+  if (!rule) {
+    throw Failure(edit.Name() + ": has no rule of type '" + type +
+                      "'; see its types with analytics-settingsctl profile",
+                  1);
+  }
+  return rule;
+}
+
+[[noreturn]] void RefuseItem(const ProfileEdit& edit, const Arguments& arguments) {
+  const std::string which = edit.Name() + ": the first rule of type '" + arguments.rule +
+                            "' has no item '" + arguments.item + "'";
+  if (arguments.item.find('\'') != std::string::npos) {
+    throw Failure(which + " that the library finds, because of its single quote", 1);
+  }
+  throw Failure(which + "; add <" + analytics::Settings::OnvifPrefix() + ":SimpleItem Name=\"" +
+                    arguments.item + R"(" Value=""/> to its Parameters first)",
+                1);
+}
+
+std::string Message(ProfileEdit& edit, const Arguments& arguments, const std::string& former) {
+  const std::size_t count = Owned(edit.Profile().SelectRules(arguments.rule)).size();
+  const std::string rule = count == 1
+                               ? "the rule of type '"
+                               : "the first of " + std::to_string(count) + " rules of type '";
+  return rule + arguments.rule + "': " + arguments.item + " was '" + former + "', is now '" +
+         arguments.value + "'";
+}
+
+void Set(const Arguments& arguments) {
+  RequireXmlText(arguments.value);
+  ProfileEdit edit(arguments);
+  const NodePtr rule = RuleOf(edit, arguments.rule);
+  analytics::ProfileDoc& profile = edit.Profile();
+  const std::string former = profile.GetSimpleItemValue(arguments.item, rule.get(), true);
+  if (!profile.SetSimpleItemValue(arguments.item, arguments.value, rule.get())) {
+    RefuseItem(edit, arguments);
+  }
+  edit.Finish(Message(edit, arguments, former));
+}
+
+}  // namespace
+
+void AddSetCommand(CLI::App& app) {
+  const auto arguments = std::make_shared<Arguments>();
+  CLI::App* const command =
+      app.add_subcommand("set", "Set the value of a rule's item in a profile");
+  command->add_option("FILE", arguments->file, "Profile, or - for standard input")->required();
+  command->add_option("--rule", arguments->rule, "Type of the rule")->type_name("TYPE")->required();
+  command->add_option("--item", arguments->item, "Name of the simple item")
+      ->type_name("NAME")
+      ->required();
+  command->add_option("VALUE", arguments->value, "The new value")->required();
+  AddEditOptions(*command, *arguments);
+  command->footer(kExamples);
+  command->callback([arguments] { Set(*arguments); });
+}
+
+}  // namespace settingsctl

@@ -1,0 +1,115 @@
+#include "output/FileWriting.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "Failure.h"
+#include "input/FileDescriptor.h"
+
+namespace settingsctl {
+namespace {
+
+constexpr mode_t kAllPermissions = 07777;
+constexpr mode_t kNewFile = 0666;
+
+[[noreturn]] void Refuse(const std::string& path, const std::string& consequence) {
+  throw Failure(path + ": cannot be written: " + std::strerror(errno) + consequence);
+}
+
+bool WriteAll(const FileDescriptor& file, const std::string& text) {
+  for (std::size_t done = 0; done < text.size();) {
+    const ssize_t count = write(file.Get(), text.data() + done, text.size() - done);
+    if (count < 0 && errno != EINTR) return false;
+    if (count > 0) done += static_cast<std::size_t>(count);
+  }
+  return true;
+}
+
+/// The file that a path leads to, through symbolic links; the path itself if there is none yet.
+std::string Target(const std::string& path) {
+  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
+                                                             &std::free);
+  return resolved ? resolved.get() : path;
+}
+
+std::string DirectoryOf(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+mode_t ModeOfNewFile() {
+  const mode_t mask = umask(0);
+  umask(mask);
+  return kNewFile & ~mask;
+}
+
+/// A new file beside the one that it will replace; removed at the end of its scope unless it did.
+class Replacement {
+ public:
+  explicit Replacement(const std::string& target)
+      : m_path(DirectoryOf(target) + "/.analytics-settingsctl-XXXXXX"),
+        m_file(mkostemp(m_path.data(), O_CLOEXEC)) {}
+  ~Replacement() {
+    if (m_file.IsOpen() && !m_isInPlace) unlink(m_path.c_str());
+  }
+
+  Replacement(const Replacement&) = delete;
+  Replacement& operator=(const Replacement&) = delete;
+
+  bool Write(const std::string& text, mode_t mode) {
+    return m_file.IsOpen() && WriteAll(m_file, text) && fchmod(m_file.Get(), mode) == 0 &&
+           fsync(m_file.Get()) == 0;
+  }
+
+  bool TakePlaceOf(const std::string& target) {
+    m_isInPlace = std::rename(m_path.c_str(), target.c_str()) == 0;
+    return m_isInPlace;
+  }
+
+ private:
+  std::string m_path;
+  const FileDescriptor m_file;
+  bool m_isInPlace = false;
+};
+
+/// So that the new name, too, survives a power failure. Not all file systems can; none is worse
+/// off than without.
+void SyncDirectory(const std::string& target) {
+  const FileDescriptor directory(
+      open(DirectoryOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  if (directory.IsOpen()) fsync(directory.Get());
+}
+
+void Replace(const std::string& path, const std::string& text, mode_t mode) {
+  const std::string target = Target(path);
+  Replacement replacement(target);
+  if (!replacement.Write(text, mode) || !replacement.TakePlaceOf(target)) {
+    Refuse(path, "; nothing was changed");
+  }
+  SyncDirectory(target);
+}
+
+void WriteInto(int file, const std::string& path, const std::string& text) {
+  const FileDescriptor open(file);
+  if (!open.IsOpen() || !WriteAll(open, text)) Refuse(path, "");
+}
+
+}  // namespace
+
+void WriteFile(const std::string& path, const std::string& text) {
+  struct stat state {};
+  if (path == "-") return WriteInto(dup(STDOUT_FILENO), "standard output", text);
+  if (stat(path.c_str(), &state) != 0) return Replace(path, text, ModeOfNewFile());
+  if (S_ISREG(state.st_mode)) return Replace(path, text, state.st_mode & kAllPermissions);
+  WriteInto(open(path.c_str(), O_WRONLY | O_CLOEXEC), path, text);
+}
+
+}  // namespace settingsctl
