@@ -158,7 +158,7 @@ void ExpectFile(xmlDoc* file) {
     if (!pipe.empty()) Now().userDataPipes.push_back(pipe);
   }
   if (Now().userDataPipes.empty())
-    Now().userDataPipes.push_back("/var/run/primary.h264UserData.pipe");
+    Now().userDataPipes.emplace_back("/var/run/primary.h264UserData.pipe");
 }
 
 void CompareSettings() {
@@ -190,7 +190,7 @@ bool IsPacked(const std::string& text) {
          text.compare(0, 2,
                       "\xFD"
                       "7") == 0 ||
-         text.compare(0, 1, "\x5D") == 0;
+         text.compare(0, 1, "]") == 0;
 }
 
 /// What the environment may say, around the path of the file.

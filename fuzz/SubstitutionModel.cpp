@@ -32,10 +32,10 @@ bool Substituted(const std::string& text, const std::vector<Variable>& variables
     }
     const std::string value = ValueOf(rest.substr(start + 2, end - start - 2), variables);
     done += rest.substr(0, start);
-    rest = value + rest.substr(end + 1);
+    rest.replace(0, end + 1, value);
     if (done.empty() || done.back() != '$') continue;
     done.pop_back();  // it may begin a reference together with what follows now
-    rest = "$" + rest;
+    rest.insert(0, 1, '$');
   }
   return false;
 }

@@ -54,7 +54,7 @@ std::string Attribute(const char* name, const std::string& value) {
 
 /// A settings file; some variables lie deeper, where they count all the same.
 std::string FileOf(const std::vector<Variable>& variables) {
-  std::string text = "<s><variable name=\"a\" value=\"beside\"/><variables>";
+  std::string text = R"(<s><variable name="a" value="beside"/><variables>)";
   for (std::size_t index = 0; index < variables.size(); ++index) {
     const Variable& variable = variables[index];
     if (index == 3) text += "</variables><deep><variables>";
