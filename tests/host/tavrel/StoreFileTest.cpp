@@ -5,10 +5,10 @@
 #include <string>
 
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 #include "tests/host/tavrel/StoreTest.h"
 #include "tests/support/FreshProcess.h"
+#include "tests/support/Unprivileged.h"
 
 namespace tavrel {
 namespace settings {
@@ -19,8 +19,6 @@ namespace fs = std::filesystem;
 using testing::AllOf;
 using testing::HasSubstr;
 using testing::ThrowsMessage;
-
-constexpr uid_t kNobody = 65534;
 
 class TheFile : public tests::StoreTest {
  protected:
@@ -69,8 +67,8 @@ TEST_F(TheFile, IsWrittenOverTheRestOfACrashThatNobodyMayWrite) {
   fs::permissions(m_directory.Write("store.ini.new", "[A]\n"), fs::perms(0444));
   fs::permissions(m_directory.Path(), fs::perms(0777));
   tests::InFreshProcess([] {
-    // Without the special rights that tests may run with.
-    ASSERT_TRUE(geteuid() != 0 || seteuid(kNobody) == 0);
+    const tests::Unprivileged user;
+    ASSERT_TRUE(user.IsReady());
     Set("A", "x", "2");
   });
   EXPECT_EQ("[A]\nx=2\n", Text());
@@ -150,8 +148,8 @@ TEST_F(TheFile, IsReportedIfItsDirectoryCannotBeWritten) {
   Write("[A]\nx=1\n");
   fs::permissions(m_directory.Path(), fs::perms(0555));
   tests::InFreshProcess([this] {
-    // Without the special rights that tests may run with.
-    ASSERT_TRUE(geteuid() != 0 || seteuid(kNobody) == 0);
+    const tests::Unprivileged user;
+    ASSERT_TRUE(user.IsReady());
     EXPECT_THAT([] { Set("A", "x", "2"); }, ThrowsMessage<std::runtime_error>(
                                                 AllOf(HasSubstr(Path()), HasSubstr("Permission"))));
   });
