@@ -174,7 +174,7 @@ def report(judged, sources):
     for path, change in unexplained:
         print(f'survives: {path}: {change}')
     killed = len(compiled) - len(survivors)
-    print(f'figures: mutants={len(compiled)} killed={killed} '
+    print(f'proved: mutants={len(compiled)} killed={killed} '
           f'equivalent={len(survivors) - len(unexplained)} unexplained={len(unexplained)} '
           f'not_compiled={len(judged) - len(compiled)} '
           f'score={100 * killed / max(1, len(compiled)):.1f}%')

@@ -44,7 +44,7 @@ def main():
         told = "/".join(shares(by_folder[folder]))
         if folder in FOLDERS_OF[target]:
             print(f"{target}: {folder} {told} % of {'/'.join(KINDS)}")
-            print(f"figures: {target}-{folder}={told}%")
+            print(f"proved: {target}-{folder}={told}%")
 
 
 if __name__ == "__main__":
