@@ -11,6 +11,7 @@
 namespace analytics {
 namespace {
 
+using tests::ReferenceColour;
 using tests::Yuv;
 
 Yuv Converted(std::int32_t r, std::int32_t g, std::int32_t b) {
@@ -18,29 +19,13 @@ Yuv Converted(std::int32_t r, std::int32_t g, std::int32_t b) {
   return {yuv.y, yuv.u, yuv.v};
 }
 
-struct Row {
-  const char* name;
-  int r, g, b;
-  Yuv expected;
-};
-
-const Row kRows[] = {
-    {"Black", 0, 0, 0, {16, 128, 128}},
-    {"White", 255, 255, 255, {235, 128, 128}},
-    {"Red", 255, 0, 0, {82, 90, 240}},
-    {"Green", 0, 255, 0, {144, 54, 34}},
-    {"Blue", 0, 0, 255, {41, 240, 110}},
-    {"Grey", 128, 128, 128, {126, 128, 128}},
-    {"ChromaThatRoundsDown", 4, 0, 0, {17, 127, 130}},
-};
-
-class AColour : public testing::TestWithParam<Row> {};
+class AColour : public testing::TestWithParam<ReferenceColour> {};
 
 TEST_P(AColour, IsConvertedAsInTheTable) {
   EXPECT_EQ(GetParam().expected, Converted(GetParam().r, GetParam().g, GetParam().b));
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, AColour, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Rows, AColour, testing::ValuesIn(tests::kReferenceColours),
                          [](const auto& row) { return std::string(row.param.name); });
 
 /// Calls `visit` with each of the 16,777,216 colours.

@@ -13,6 +13,7 @@ namespace analytics {
 namespace {
 
 using tests::IniFile;
+using tests::ReferenceColour;
 using tests::ReferenceYuv;
 using tests::Region;
 using tests::Yuv;
@@ -71,35 +72,16 @@ TEST_P(AStoredColour, HasNoEffectAsAlpha) {
 INSTANTIATE_TEST_SUITE_P(Rows, AStoredColour, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
-struct Reference {
-  const char* name;
-  int r, g, b;
-  Yuv expected;
-};
-
-const Reference kReferences[] = {
-    {"Black", 0, 0, 0, {16, 128, 128}},
-    {"White", 255, 255, 255, {235, 128, 128}},
-    {"Red", 255, 0, 0, {82, 90, 240}},
-    {"Green", 0, 255, 0, {144, 54, 34}},
-    {"Blue", 0, 0, 255, {41, 240, 110}},
-    {"Grey", 128, 128, 128, {126, 128, 128}},
-    // Where one less before the shift would round down.
-    {"LumaThatJustRoundsUp", 3, 30, 252, {57, 229, 101}},
-    {"BlueDifferenceThatJustRoundsUp", 3, 35, 7, {35, 121, 116}},
-    {"RedDifferenceThatJustRoundsUp", 3, 15, 175, {41, 200, 112}},
-};
-
-class AReferenceColour : public testing::TestWithParam<Reference> {};
+class AReferenceColour : public testing::TestWithParam<ReferenceColour> {};
 
 TEST_P(AReferenceColour, ReachesSubscribersConverted) {
   tests::InFreshProcess([] {
-    const Reference& row = GetParam();
+    const ReferenceColour& row = GetParam();
     EXPECT_EQ(row.expected, ColourOf(Region("A", row.r, row.g, row.b)));
   });
 }
 
-INSTANTIATE_TEST_SUITE_P(Rows, AReferenceColour, testing::ValuesIn(kReferences),
+INSTANTIATE_TEST_SUITE_P(Rows, AReferenceColour, testing::ValuesIn(tests::kReferenceColours),
                          [](const auto& row) { return std::string(row.param.name); });
 
 struct MissingKey {

@@ -193,6 +193,10 @@ class TheChecks(CheckTest):
         self.write("a.ini", f"<a><variables>{rows}</variables></a>")
         self.assertIn("undefined-reference", self.found_names("a.ini"))
 
+    def test_of_variables_find_no_circle_through_a_name_that_no_query_finds(self):
+        self.write("a.ini", """<a><variables><variable name='a"b' value='${a"b}'/></variables></a>""")
+        self.assertNotIn("cyclic-reference", self.found_names("a.ini"))
+
     def test_of_variables_find_each_circle_once(self):
         rows = "".join(f'<variable name="{name}" value="{value}"/>'
                        for name, value in {"a": "${b}", "b": "${a}", "c": "${a}${c}",

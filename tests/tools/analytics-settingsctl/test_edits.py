@@ -156,6 +156,13 @@ class AWrittenFile(EditTest):
         self.answer(*self.set("2"))
         self.assertEqual((self.directory / "p.xml").stat().st_mode & 0o7777, 0o640)
 
+    @unittest.skipUnless(os.geteuid() == 0, "only root may give a file away")
+    def test_keeps_its_owner(self):
+        os.chown(self.directory / "p.xml", 1234, 5678)
+        self.answer(*self.set("2"))
+        state = (self.directory / "p.xml").stat()
+        self.assertEqual((state.st_uid, state.st_gid), (1234, 5678))
+
     def test_that_is_new_has_the_usual_mode(self):
         self.answer(*self.set("2", "-o", "out.xml"), preexec_fn=lambda: os.umask(0o027))
         self.assertEqual((self.directory / "out.xml").stat().st_mode & 0o7777, 0o640)
@@ -217,6 +224,12 @@ class AFailedWrite(EditTest):
         done = self.run_command(*self.set("2", "-o", "/dev/full"))
         self.assert_untouched(done, "/dev/full: cannot be written: No space left on device")
         self.assertFalse(os.path.isfile("/dev/full"))
+
+    def test_into_a_pipe_that_nobody_reads_is_told(self):
+        os.mkfifo(self.directory / "pipe")
+        done = self.run_command(*self.set("2", "-o", "pipe"))
+        self.assertEqual((done.returncode, done.stdout), (2, ""))
+        self.assertIn("pipe: cannot be written", done.stderr)
 
     def test_into_a_directory_is_told(self):
         done = self.run_command(*self.set("2", "-o", "."))

@@ -126,6 +126,7 @@ class Circles {
 
  private:
   std::string ValueOf(const std::string& name) const {
+    if (name.find('"') != std::string::npos) return "";  // no query finds such a name
     const auto found = m_variables.find(name);
     return m_followed.count(name) != 0 || found == m_variables.end() ? "" : found->second.value;
   }

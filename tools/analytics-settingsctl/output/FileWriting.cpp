@@ -51,6 +51,13 @@ mode_t ModeOfNewFile() {
   return kNewFile & ~mask;
 }
 
+/// Who may do what with a file; by default it is its writer's.
+struct Rights {
+  mode_t mode;
+  uid_t owner = static_cast<uid_t>(-1);
+  gid_t group = static_cast<gid_t>(-1);
+};
+
 /// A new file beside the one that it will replace; removed at the end of its scope unless it did.
 class Replacement {
  public:
@@ -64,9 +71,9 @@ class Replacement {
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
-  bool Write(const std::string& text, mode_t mode) {
-    return m_file.IsOpen() && WriteAll(m_file, text) && fchmod(m_file.Get(), mode) == 0 &&
-           fsync(m_file.Get()) == 0;
+  bool Write(const std::string& text, const Rights& rights) {
+    return m_file.IsOpen() && WriteAll(m_file, text) && TakeOwner(rights) &&
+           fchmod(m_file.Get(), rights.mode) == 0 && fsync(m_file.Get()) == 0;
   }
 
   bool TakePlaceOf(const std::string& target) {
@@ -75,6 +82,11 @@ class Replacement {
   }
 
  private:
+  /// Only root may give a file away; what anybody else writes is theirs.
+  bool TakeOwner(const Rights& rights) const {
+    return fchown(m_file.Get(), rights.owner, rights.group) == 0 || errno == EPERM;
+  }
+
   std::string m_path;
   const FileDescriptor m_file;
   bool m_isInPlace = false;
@@ -88,10 +100,10 @@ void SyncDirectory(const std::string& target) {
   if (directory.IsOpen()) fsync(directory.Get());
 }
 
-void Replace(const std::string& path, const std::string& text, mode_t mode) {
+void Replace(const std::string& path, const std::string& text, const Rights& rights) {
   const std::string target = Target(path);
   Replacement replacement(target);
-  if (!replacement.Write(text, mode) || !replacement.TakePlaceOf(target)) {
+  if (!replacement.Write(text, rights) || !replacement.TakePlaceOf(target)) {
     Refuse(path, "; nothing was changed");
   }
   SyncDirectory(target);
@@ -102,14 +114,21 @@ void WriteInto(int file, const std::string& path, const std::string& text) {
   if (!open.IsOpen() || !WriteAll(open, text)) Refuse(path, "");
 }
 
+/// Opens what is no plain file. A pipe that nobody reads is refused rather than waited for.
+int OpenSpecial(const std::string& path) {
+  const int file = open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NONBLOCK);
+  if (file >= 0) fcntl(file, F_SETFL, O_WRONLY);  // its reader is waited for
+  return file;
+}
+
 }  // namespace
 
 void WriteFile(const std::string& path, const std::string& text) {
   struct stat state {};
   if (path == "-") return WriteInto(dup(STDOUT_FILENO), "standard output", text);
-  if (stat(path.c_str(), &state) != 0) return Replace(path, text, ModeOfNewFile());
-  if (S_ISREG(state.st_mode)) return Replace(path, text, state.st_mode & kAllPermissions);
-  WriteInto(open(path.c_str(), O_WRONLY | O_CLOEXEC), path, text);
+  if (stat(path.c_str(), &state) != 0) return Replace(path, text, {ModeOfNewFile()});
+  if (!S_ISREG(state.st_mode)) return WriteInto(OpenSpecial(path), path, text);
+  Replace(path, text, {state.st_mode & kAllPermissions, state.st_uid, state.st_gid});
 }
 
 }  // namespace settingsctl
