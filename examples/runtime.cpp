@@ -1,9 +1,11 @@
 // The smallest honest analytics runtime: loads its settings, reads a profile, shows what it would
 // run, changes a parameter and saves a copy, reserves resources and follows the privacy masks.
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <iostream>
+#include <iterator>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -51,7 +53,8 @@ std::string Text(const Point (&pair)[2]) { return Text(pair[0]) + " - " + Text(p
 std::string Text(const std::vector<Point>& points) {
   std::vector<std::string> texts;
   texts.reserve(points.size());
-  for (const Point& point : points) texts.push_back(Text(point));
+  std::transform(points.begin(), points.end(), std::back_inserter(texts),
+                 [](const Point& point) { return Text(point); });
   return Joined(texts);
 }
 
@@ -109,11 +112,11 @@ std::string ItemText(DocumentNode& item) {
 }
 
 void ShowItems(ProfileDoc& profile, DocumentNode* element) {
-  std::vector<std::string> items;
-  for (const NodePtr& item : Owned(profile.SelectNodes(ProfileDoc::SimpleItemQry(true), element))) {
-    items.push_back(ItemText(*item));
-  }
-  Row(2, "items", Joined(items));
+  const NodePtrs items = Owned(profile.SelectNodes(ProfileDoc::SimpleItemQry(true), element));
+  std::vector<std::string> texts;
+  std::transform(items.begin(), items.end(), std::back_inserter(texts),
+                 [](const NodePtr& item) { return ItemText(*item); });
+  Row(2, "items", Joined(texts));
 }
 
 void ShowTitle(DocumentNode& element, const std::string& remark) {

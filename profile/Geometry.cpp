@@ -19,10 +19,10 @@ bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
 bool ProfileDoc::GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                            DocumentNode* context) {
   const OwnedNodes nodes(SelectNodes(xpath, context));
-  for (DocumentNode* node : nodes) {
-    // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does.
-    points.push_back(types::Point{node->GetProperty("x", 0), node->GetProperty("y", 0)});
-  }
+  // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does.
+  std::transform(nodes.begin(), nodes.end(), std::back_inserter(points), [](DocumentNode* node) {
+    return types::Point{node->GetProperty("x", 0), node->GetProperty("y", 0)};
+  });
   return nodes.begin() != nodes.end();
 }
 

@@ -1,5 +1,7 @@
 #include "host/tavrel-settings/Resource.h"
 
+#include <algorithm>
+#include <iterator>
 #include <numeric>
 
 namespace tavrel {
@@ -49,9 +51,11 @@ Resource ReadResource(const IniFile& settings, const std::string& name) {
 }
 
 std::vector<Resource> ReadResources(const IniFile& settings) {
+  const std::vector<std::string> names = Children(settings, kResources);
   std::vector<Resource> resources;
-  for (const std::string& name : Children(settings, kResources))
-    resources.push_back(ReadResource(settings, name));
+  resources.reserve(names.size());
+  std::transform(names.begin(), names.end(), std::back_inserter(resources),
+                 [&settings](const std::string& name) { return ReadResource(settings, name); });
   return resources;
 }
 

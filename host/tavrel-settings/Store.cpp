@@ -47,22 +47,6 @@ std::string Resolved(const std::string& path) {
   return resolved ? resolved.get() : path;
 }
 
-/// Holds the lock between writers, for a scope.
-///
-/// The lock is a file beside the store, for the store itself is replaced; it stays, so that all
-/// writers meet at the same one.
-class WriteLock {
- public:
-  explicit WriteLock(const std::string& path)
-      : m_file(open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666), "cannot open", path) {
-    while (flock(m_file.Get(), LOCK_EX) != 0)
-      if (errno != EINTR) ThrowErrno("cannot lock", path);
-  }
-
- private:
-  const FileDescriptor m_file;
-};
-
 /// Gives a file the permissions of the one at `path`, if there is one.
 void CopyMode(const std::string& path, const FileDescriptor& to) {
   struct stat status = {};
@@ -88,18 +72,37 @@ void Sync(const FileDescriptor& file, const std::string& path) {
   Checked(fsync(file.Get()), "cannot write", path);
 }
 
+void CheckHoldable(const std::string& group, const std::string& key, const std::string& value) {
+  if (!IsHoldable(group, key, value))
+    throw std::invalid_argument("a file cannot hold the key \"" + key + "\" with the value \"" +
+                                value + "\"");
+}
+
 void CheckHoldable(const IniFile& changes) {
   for (const auto& group : changes.AllGroups()) {
     if (!IsHoldable(group.first))
       throw std::invalid_argument("a file cannot hold the group \"" + group.first + "\"");
-    for (const auto& key : group.second)
-      if (!IsHoldable(group.first, key.first, key.second))
-        throw std::invalid_argument("a file cannot hold the key \"" + key.first +
-                                    "\" with the value \"" + key.second + "\"");
+    for (const auto& key : group.second) CheckHoldable(group.first, key.first, key.second);
   }
 }
 
 }  // namespace
+
+/// Holds the lock between writers, for a scope.
+///
+/// The lock is a file beside the store, for the store itself is replaced; it stays, so that all
+/// writers meet at the same one.
+class WriteLock {
+ public:
+  explicit WriteLock(const std::string& path)
+      : m_file(open(path.c_str(), O_RDONLY | O_CREAT | O_CLOEXEC, 0666), "cannot open", path) {
+    while (flock(m_file.Get(), LOCK_EX) != 0)
+      if (errno != EINTR) ThrowErrno("cannot lock", path);
+  }
+
+ private:
+  const FileDescriptor m_file;
+};
 
 Store::Store() : m_path(Resolved(NamedPath())) {}
 
@@ -126,7 +129,7 @@ void Store::Edit(const std::function<void(IniFile&)>& edit) const {
   CheckHoldable(changes);
   StoreText edited(text);
   edited.Apply(changes);
-  Replace(edited.Text());
+  Replace(edited.Text(), lock);
 }
 
 std::string Store::Directory() const {
@@ -145,9 +148,9 @@ std::string Store::Text() const {
   throw std::runtime_error(error->message);
 }
 
-/// Writes a file beside the store and has it take the store's place.
-void Store::Replace(const std::string& text) const {
-  const std::string path = m_path + ".new";  // of whoever holds the lock
+/// Writes a file beside the store, of whoever holds the lock, and has it take the store's place.
+void Store::Replace(const std::string& text, const WriteLock& /*held*/) const {
+  const std::string path = m_path + ".new";
   RemoveRest(path);
   {
     const FileDescriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666),

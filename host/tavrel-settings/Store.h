@@ -8,6 +8,8 @@
 namespace tavrel {
 namespace settings {
 
+class WriteLock;
+
 /// The file that holds the settings; no other class touches it.
 ///
 /// A reader, or a crash at any moment, meets the file as it was before a write or after it. A file
@@ -45,7 +47,7 @@ class Store {
  private:
   std::string Directory() const;
   std::string Text() const;
-  void Replace(const std::string& text) const;
+  void Replace(const std::string& text, const WriteLock& held) const;
 
   std::string m_path;
 };

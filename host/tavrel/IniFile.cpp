@@ -4,19 +4,11 @@
 #include <cctype>
 #include <climits>
 #include <cstdlib>
-#include <iterator>
+#include <map>
 
 namespace tavrel {
 namespace core {
 namespace {
-
-struct TruthWord {
-  const char* word;
-  bool value;
-};
-
-const TruthWord kTruthWords[] = {{"true", true},   {"yes", true}, {"on", true},   {"1", true},
-                                 {"false", false}, {"no", false}, {"off", false}, {"0", false}};
 
 std::string LowerCase(std::string text) {
   std::transform(text.begin(), text.end(), text.begin(),
@@ -25,10 +17,11 @@ std::string LowerCase(std::string text) {
 }
 
 bool ToBool(const std::string& text, bool otherwise) {
-  const auto* const found =
-      std::find_if(std::begin(kTruthWords), std::end(kTruthWords),
-                   [&text](const TruthWord& truth) { return text == truth.word; });
-  return found != std::end(kTruthWords) ? found->value : otherwise;
+  static const std::map<std::string, bool> words{{"true", true}, {"yes", true},    {"on", true},
+                                                 {"1", true},    {"false", false}, {"no", false},
+                                                 {"off", false}, {"0", false}};
+  const auto found = words.find(text);
+  return found != words.end() ? found->second : otherwise;
 }
 
 int ToInt(const std::string& text, int otherwise) {

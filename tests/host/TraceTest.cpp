@@ -44,8 +44,8 @@ TEST_F(ATrace, WritesANegativeLevel) {
 }
 
 TEST_F(ATrace, PutsItsArgumentsIntoTheMessage) {
-  m_trace("%s has %d of %5.2f%%", "item", 7, 1.5);
-  EXPECT_EQ("analytics: item has 7 of  1.50%\n", m_error.Text());
+  m_trace("%s has %d of %3.0f%%", "item", 7, 2.0);
+  EXPECT_EQ("analytics: item has 7 of   2%\n", m_error.Text());
 }
 
 TEST_F(ATrace, PutsItsArgumentsIntoAMessageWithALevel) {
@@ -72,7 +72,7 @@ TEST_F(ATrace, WritesALongMessageWhole) {
 }
 
 TEST_F(ATrace, WritesTheFormatOfAMessageThatCannotBeFormatted) {
-  const wchar_t noCharacter[] = {static_cast<wchar_t>(0x7fffffff), 0};
+  const wchar_t noCharacter[] = {static_cast<wchar_t>(-1), 0};
   m_trace("a %ls\n", noCharacter);
   EXPECT_EQ("analytics: a %ls\n", m_error.Text());
 }

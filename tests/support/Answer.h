@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <variant>
@@ -42,7 +43,11 @@ using Answer = std::variant<std::monostate, bool, int, std::int64_t, double, std
 struct AnswerText {
   std::string operator()(std::monostate /*none*/) const { return "nothing"; }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
-  std::string operator()(double value) const { return std::to_string(value); }
+  std::string operator()(double value) const {
+    std::ostringstream text;  // with a point, whatever the machine's locale has
+    text << std::fixed << value;
+    return text.str();
+  }
   std::string operator()(int value) const { return std::to_string(value); }
   std::string operator()(std::int64_t value) const { return std::to_string(value); }
   std::string operator()(const std::string& text) const { return "'" + text + "'"; }
