@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -14,7 +14,7 @@ using testing::IsEmpty;
 class AContextNode : public testing::Test {
  protected:
   ParsedDocument m_document{"<a><b><c>1</c><c>2</c></b><c>3</c></a>"};
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(AContextNode, OfNullIsTheRootElementForRelativePaths) {

@@ -43,6 +43,7 @@ std::vector<std::string> AttributeTexts(const std::vector<xmlNodePtr>& elements)
 
 std::vector<std::string> ElementTexts(const std::vector<xmlNodePtr>& elements) {
   std::vector<std::string> texts;
+  texts.reserve(elements.size());
   for (const xmlNodePtr element : elements) texts.push_back(tests::OwnText(element->children));
   return tests::WithoutEmpty(texts);
 }

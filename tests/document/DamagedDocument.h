@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/document/XmlErrors.h"
 #include "tests/support/XmlAllocations.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 
@@ -18,7 +18,7 @@ class DamagedDocument : public testing::Test {
   /// Checks one text and that nothing of it stays behind; after a first failure it does no more.
   void CheckText(const std::string& text, const std::string& damage);
 
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   const tests::XmlAllocations m_allocations;
 };
 

@@ -4,9 +4,9 @@
 #include <libxml/tree.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/FailingXmlMemory.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -24,7 +24,7 @@ class AnImplementation : public testing::Test {
   bool Parse() { return m_impl.ParseString(kText, sizeof kText - 1); }
 
   Impl m_impl;
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(AnImplementation, HasTwoPointers) { EXPECT_EQ(2 * sizeof(void*), sizeof(Impl)); }

@@ -4,8 +4,8 @@
 
 #include "tests/document/Indentation.h"
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/FailingXmlMemory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -78,7 +78,7 @@ TEST(ADump, IsParsedToTheSameDump) {
 class TheIndentationSwitch : public testing::TestWithParam<int> {
  protected:
   ParsedDocument m_document{"<a><b/></a>"};
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   const Indentation m_indentation{GetParam()};
 };
 

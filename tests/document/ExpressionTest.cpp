@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -45,7 +45,7 @@ class AnExpressionWithoutNodes : public testing::TestWithParam<Expression> {
  protected:
   const std::string m_path = GetParam().path;
   ParsedDocument m_document{"<a xmlns:p='urn:p'><b x='1'>5</b></a>"};
-  const XmlErrors m_errors;
+  const tests::XmlErrors m_errors;
 };
 
 TEST_P(AnExpressionWithoutNodes, SelectsNothing) {
@@ -104,7 +104,7 @@ TEST(AnExpression, HoldsUtf8) {
 TEST(AnExpression, TakesValuesAsTheyAre) {
   ParsedDocument document("<a><b n='&apos;'>5</b></a>");
   EXPECT_EQ("5", document.GetSingleValue("b[@n=\"'\"]"));
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   EXPECT_EQ("", document.GetSingleValue("b[@n=''']"));
   EXPECT_THAT(errors.Codes(), Not(IsEmpty()));
 }

@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -27,7 +27,7 @@ class ParsingAFile : public testing::Test {
 
   const tests::TemporaryDirectory m_directory;
   Document m_document;
-  const XmlErrors m_errors;
+  const tests::XmlErrors m_errors;
 };
 
 TEST_F(ParsingAFile, OpensTheDocument) {

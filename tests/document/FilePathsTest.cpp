@@ -6,10 +6,10 @@
 #include <libxml/parser.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/PlainTree.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/Unprivileged.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -67,7 +67,7 @@ class AFileName : public testing::TestWithParam<Row> {
  protected:
   const tests::TemporaryDirectory m_directory;
   const std::string m_path = Resolved(GetParam().path, m_directory);
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_P(AFileName, IsOpenedAsTheFileOfThatName) {
@@ -137,7 +137,7 @@ class ARefusedPath : public testing::TestWithParam<Row> {
  protected:
   const tests::TemporaryDirectory m_directory;
   const std::string m_path = Resolved(GetParam().path, m_directory);
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_P(ARefusedPath, LeavesTheDocumentClosedAsLibxmlOpensNothing) {
@@ -164,7 +164,7 @@ class WithoutPermission : public testing::Test {
 
   const tests::TemporaryDirectory m_directory;
   const std::string m_path = m_directory.Write("a.xml", "<a>text</a>");
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(WithoutPermission, AFileIsRefusedAndOpenedOnceItIsGranted) {
@@ -212,7 +212,7 @@ const Row kTargets[] = {
 class ATargetThatTakesNothing : public testing::TestWithParam<Row> {};
 
 TEST_P(ATargetThatTakesNothing, IsSavedToWithSuccessAndLeavesTheDocumentOpen) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   const tests::TemporaryDirectory directory;
   if (!GetParam().file.empty()) directory.Write(GetParam().file, "former");
   ParsedDocument document("<a>text</a>");

@@ -4,9 +4,9 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/FailingXmlMemory.h"
 #include "tests/support/FreshProcess.h"
+#include "tests/support/XmlErrors.h"
 #include "tests/support/fakes/CallLog.h"
 
 namespace analytics {
@@ -29,7 +29,7 @@ class TheFirstSearchContext : public testing::Test {
   }
 
   ShownDocument m_document;
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(TheFirstSearchContext, LoadsTheSettingsIfItBindsNamespaces) {

@@ -7,9 +7,9 @@
 
 #include "tests/document/FreedNodes.h"
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/FailingXmlMemory.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -73,7 +73,7 @@ class Subject {
 
  private:
   const tests::TemporaryDirectory m_directory;
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   SwitchedDocument m_document;
 };
 

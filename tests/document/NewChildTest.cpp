@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -53,7 +53,7 @@ TEST_F(ANewChild, TakesItsTextUnescaped) {
 }
 
 TEST_F(ANewChild, LosesTextWithAnAmpersandThatStartsNoReference) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   const tests::NodePtr child(m_parent.AddNewChild("c", "1 & 2"));
   EXPECT_EQ("<c/>", child->DumpToString());
   EXPECT_THAT(errors.Codes(), Not(IsEmpty()));

@@ -4,7 +4,7 @@
 
 #include "tests/document/FreedNodes.h"
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -80,7 +80,7 @@ TEST_F(ANodesText, LeavesNoChildrenWhenItIsSetEmpty) {
 }
 
 TEST_F(ANodesText, IsLostWithAnAmpersandThatStartsNoReference) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   m_node.SetValue("1 & 2");
   EXPECT_EQ("<a x=\"1\"/>", m_node.DumpToString());
   EXPECT_THAT(errors.Codes(), Not(IsEmpty()));

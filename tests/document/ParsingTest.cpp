@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -18,7 +18,7 @@ class ParsingText : public testing::Test {
   bool IsOpen() { return tests::NodePtr(m_document.SelectRootNode()) != nullptr; }
 
   Document m_document;
-  const XmlErrors m_errors;
+  const tests::XmlErrors m_errors;
 };
 
 TEST_F(ParsingText, OpensTheDocument) {
@@ -58,7 +58,7 @@ const IllFormed kIllFormed[] = {
 class IllFormedText : public testing::TestWithParam<IllFormed> {};
 
 TEST_P(IllFormedText, IsRefusedAndReported) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   Document document;
   EXPECT_FALSE(document.ParseString(GetParam().text));
   EXPECT_FALSE(tests::NodePtr(document.SelectRootNode()));
@@ -69,7 +69,7 @@ TEST_P(IllFormedText, IsRefusedAndReported) {
 }
 
 TEST_P(IllFormedText, ClosesTheFormerDocument) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   ParsedDocument document("<former>text</former>");
   EXPECT_FALSE(document.ParseString(GetParam().text));
   EXPECT_FALSE(tests::NodePtr(document.SelectRootNode()));

@@ -5,7 +5,7 @@
 #include <analytics/types/Point.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -40,7 +40,7 @@ const Row kRows[] = {
 class APlainPoint : public testing::TestWithParam<Row> {};
 
 TEST_P(APlainPoint, HasTheXOfTheDocumentAndTheYOfTheCaller) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   ParsedDocument document("<r><x>77</x><p x='66' y='88'>" + std::string(GetParam().children) +
                           "</p></r>");
   DocumentNode node = NodeAt(document, "p");
@@ -61,7 +61,7 @@ class ReadingAPlainPoint : public testing::Test {
 };
 
 TEST_F(ReadingAPlainPoint, FailsWithoutANodeAndLeavesThePoint) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   EXPECT_FALSE(m_document.PointFromNode(nullptr, m_point));
   EXPECT_EQ(1, m_point.x);
   EXPECT_EQ(2, m_point.y);
@@ -69,7 +69,7 @@ TEST_F(ReadingAPlainPoint, FailsWithoutANodeAndLeavesThePoint) {
 }
 
 TEST_F(ReadingAPlainPoint, SucceedsForAnEmptyNodeAndLeavesThePoint) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   DocumentNode empty;
   EXPECT_TRUE(m_document.PointFromNode(&empty, m_point));
   EXPECT_EQ(1, m_point.x);
@@ -84,7 +84,7 @@ TEST_F(ReadingAPlainPoint, SucceedsOnAClosedDocumentAndLeavesThePoint) {
 }
 
 TEST_F(ReadingAPlainPoint, HasLibxml2ReportAnInvalidExpression) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   EXPECT_TRUE(m_document.PointFromNode(&m_root, m_point));
   EXPECT_THAT(errors.Codes(), ElementsAre(XML_XPATH_EXPR_ERROR));
 }
@@ -108,7 +108,7 @@ class MirroredDocument : public ParsedDocument {
 };
 
 TEST_F(ReadingAPlainPoint, CanBeOverridden) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   MirroredDocument mirrored("<r><x>5</x></r>");
   DocumentNode root = NodeAt(mirrored, "/r");
   Document& document = mirrored;

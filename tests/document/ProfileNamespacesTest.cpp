@@ -5,9 +5,9 @@
 #include <analytics/Settings.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -25,12 +25,12 @@ class TheBindings : public testing::Test {
   // The first use of the settings has libxml2 report a missing file, which is no matter here.
   TheBindings() { Settings::OnvifPrefix(); }
 
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   BindingDocument m_document;
 };
 
 TEST_F(TheBindings, HoldTheOnvifNamespaceWhateverPrefixTheFileUses) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   ASSERT_TRUE(m_document.ParseString(kProfile));
   EXPECT_THAT(m_document.GetMultipleValues("//tt:rule"), ElementsAre("rule", "inner"));
   EXPECT_THAT(errors.Codes(), IsEmpty());
@@ -43,7 +43,7 @@ TEST_F(TheBindings, HoldTheVendorsNamespace) {
 }
 
 TEST_F(TheBindings, HoldNoPrefixOfTheFile) {
-  const XmlErrors errors;
+  const tests::XmlErrors errors;
   ASSERT_TRUE(m_document.ParseString(kProfile));
   EXPECT_EQ("", m_document.GetSingleValue("//r:rule"));
   EXPECT_EQ("", m_document.GetSingleValue("//k:eventSink"));
@@ -101,7 +101,7 @@ class TheBindingsOfAFile : public testing::Test {
     ASSERT_TRUE(Settings::LoadSettings(m_directory.Write("analytics.ini", settings)));
   }
 
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   const tests::TemporaryDirectory m_directory;
   BindingDocument m_document;
 };
@@ -155,7 +155,7 @@ TEST_F(TheBindingsOfAFile, ReachTheNextDocumentThatIsParsed) {
 TEST_F(TheBindingsOfAFile, OmitAnEmptyPrefixSilently) {
   tests::InFreshProcess([this] {
     Load(Namespaces(Binding("", "urn:one"), Binding("v", "urn:two")));
-    const XmlErrors errors;
+    const tests::XmlErrors errors;
     EXPECT_TRUE(m_document.ParseString(kTwoNamespaces));
     EXPECT_THAT(errors.Codes(), IsEmpty());
     EXPECT_EQ("two", m_document.GetSingleValue("//v:x"));
@@ -168,7 +168,7 @@ TEST_F(TheBindingsOfAFile, OmitAnEmptyPrefixSilently) {
 TEST_F(TheBindingsOfAFile, OmitAnEmptyVendorPrefixToo) {
   tests::InFreshProcess([this] {
     Load(Namespaces(Binding("on", "urn:one"), Binding("", "urn:two")));
-    const XmlErrors errors;
+    const tests::XmlErrors errors;
     EXPECT_TRUE(m_document.ParseString(kTwoNamespaces));
     EXPECT_THAT(errors.Codes(), IsEmpty());
     EXPECT_EQ("one", m_document.GetSingleValue("//on:x"));

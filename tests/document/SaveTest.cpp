@@ -5,8 +5,8 @@
 
 #include "tests/document/Indentation.h"
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -23,7 +23,7 @@ class Saving : public testing::Test {
 
   const tests::TemporaryDirectory m_directory;
   const std::string m_path = m_directory.PathOf("saved.xml");
-  const XmlErrors m_errors;
+  const tests::XmlErrors m_errors;
 };
 
 TEST_F(Saving, WritesTheDocumentIndented) {

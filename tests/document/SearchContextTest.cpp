@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -28,7 +28,7 @@ class CountingDocument : public Document {
 class ASearchContext : public testing::Test {
  protected:
   CountingDocument m_document;
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(ASearchContext, IsAskedForOnceAfterAParsedString) {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -72,7 +72,7 @@ TEST_F(ATypedValue, ThatIsFloatingHasDoublePrecisionAsAPropertyOfANode) {
 }
 
 TEST_F(ATypedValue, ThatIsFloatingRoundsItsDefaultToSinglePrecision) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   EXPECT_EQ(0.10000000149011612, m_document.GetNumericValue("missing", 0.1));
   EXPECT_EQ(0.10000000149011612, m_document.GetNumericValue("empty", 0.1));
   EXPECT_EQ(0.10000000149011612, m_document.GetNumericValue("a[", 0.1));

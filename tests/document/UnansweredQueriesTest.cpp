@@ -7,7 +7,7 @@
 #include <analytics/types/Point.h>
 
 #include "tests/document/TestDocuments.h"
-#include "tests/document/XmlErrors.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -16,7 +16,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 std::unique_ptr<Document> Parsed(bool makesContext, const std::string& text) {
-  const XmlErrors quiet;
+  const tests::XmlErrors quiet;
   auto document = std::make_unique<SwitchedDocument>(makesContext);
   document->ParseString(text);
   return document;
@@ -53,7 +53,7 @@ class ADocumentThatCannotSearch : public testing::TestWithParam<Silent> {
   ParsedDocument m_other;
   DocumentNode m_empty;
   DocumentNode m_foreign;
-  const XmlErrors m_errors;
+  const tests::XmlErrors m_errors;
 };
 
 TEST_P(ADocumentThatCannotSearch, SelectsNoNode) {

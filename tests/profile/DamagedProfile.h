@@ -4,9 +4,9 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/document/XmlErrors.h"
 #include "tests/profile/Vocabulary.h"
 #include "tests/support/XmlAllocations.h"
+#include "tests/support/XmlErrors.h"
 
 namespace tests {
 
@@ -24,7 +24,7 @@ class DamagedProfile : public testing::Test {
 
  private:
   Vocabulary m_vocabulary;
-  const analytics::XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   const XmlAllocations m_allocations;
 };
 

@@ -2,8 +2,8 @@
 
 #include <analytics/Calibration.h>
 
-#include "tests/profile/FailedQueries.h"
 #include "tests/profile/ProfileTest.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -103,9 +103,9 @@ class TheQueriesOf : public testing::TestWithParam<Row> {};
 TEST_P(TheQueriesOf, HaveExactlyTheseTexts) {
   UnboundProfile profile;
   ASSERT_TRUE(profile.ParseString("<profile/>"));
-  const tests::FailedQueries failed;
+  const tests::XmlErrors errors;
   GetParam().operation(profile);
-  EXPECT_THAT(failed.Texts(), ElementsAreArray(GetParam().queries));
+  EXPECT_THAT(errors.Queries(), ElementsAreArray(GetParam().queries));
 }
 
 INSTANTIATE_TEST_SUITE_P(Operations, TheQueriesOf, testing::ValuesIn(kRows),

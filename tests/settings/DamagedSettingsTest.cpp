@@ -9,7 +9,6 @@
 
 #include <analytics/Settings.h>
 
-#include "tests/document/XmlErrors.h"
 #include "tests/settings/TextSettings.h"
 #include "tests/support/DamagedText.h"
 #include "tests/support/Figures.h"
@@ -17,6 +16,7 @@
 #include "tests/support/SampleFiles.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/XmlAllocations.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -152,7 +152,7 @@ class ADamagedSettingsFile : public testing::TestWithParam<const char*> {
     EXPECT_EQ(m_aliveWhileClosed, tests::XmlAllocations::Alive()) << "not released";
   }
 
-  const XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
   const tests::XmlAllocations m_allocations;
   const tests::TemporaryDirectory m_directory;
   const std::string m_path = m_directory.PathOf("analytics.ini");

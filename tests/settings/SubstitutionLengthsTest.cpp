@@ -1,8 +1,8 @@
 #include <string>
 
-#include "tests/document/XmlErrors.h"
 #include "tests/settings/SubstitutionVariables.h"
 #include "tests/support/Figures.h"
+#include "tests/support/XmlErrors.h"
 
 namespace tests {
 namespace {
@@ -54,7 +54,7 @@ class ASeparator : public SeparatorVariables {
     }
   }
 
-  const analytics::XmlErrors m_quiet;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(ASeparator, IsTakenAsTheModelTakesItWithinTextsOfAllLengths) {

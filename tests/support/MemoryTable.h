@@ -70,8 +70,8 @@ class MemoryTrial {
   void FindCrashes() {
     SharedNumber number(1);
     while (!SurvivesInAChild([&] { RunThrough(number); })) {
-      Judge(kCrashes, false, number, "the process ends");
-      m_crashing.push_back(number);
+      Judge(kCrashes, false, number.Get(), "the process ends");
+      m_crashing.push_back(number.Get());
       ++number;
       Count("xml_crashes_excluded");
     }
@@ -80,7 +80,7 @@ class MemoryTrial {
   void RunThrough(SharedNumber& number) const {
     for (bool isFailing = true; isFailing; ++number) {
       Subject subject;
-      isFailing = Operate(subject, number).failures > 0;
+      isFailing = Operate(subject, number.Get()).failures > 0;
     }
   }
 

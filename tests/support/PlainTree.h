@@ -111,7 +111,7 @@ inline std::string DumpOf(xmlDoc& tree) {
   xmlChar* text = nullptr;
   int size = 0;
   xmlDocDumpFormatMemory(&tree, &text, &size, 1);
-  const std::string copy = TextOf(text);
+  std::string copy = TextOf(text);
   xmlFree(text);
   return copy;
 }

@@ -30,7 +30,7 @@ inline std::string SamplePath(const std::string& file) {
 
 /// All bytes of a sample, which has to be there.
 inline std::string SampleText(const std::string& file) {
-  const std::string text = FileText(SamplePath(file));
+  std::string text = FileText(SamplePath(file));
   if (text.empty()) throw std::runtime_error("cannot read " + SamplePath(file));
   return text;
 }

@@ -18,7 +18,7 @@ class SharedNumber {
   SharedNumber(const SharedNumber&) = delete;
   SharedNumber& operator=(const SharedNumber&) = delete;
 
-  operator int() const { return *m_number; }
+  int Get() const { return *m_number; }
   int operator++() { return *m_number = *m_number + 1; }
 
  private:

@@ -1,11 +1,11 @@
 #pragma once
 
-#include <cstddef>
+#include <string>
 #include <vector>
 
 #include <libxml/xmlerror.h>
 
-namespace analytics {
+namespace tests {
 
 /// Collects what libxml2 reports in a scope, instead of having it written to standard error.
 class XmlErrors {
@@ -15,7 +15,6 @@ class XmlErrors {
         m_context(xmlStructuredErrorContext),
         m_printer(xmlGenericError),
         m_printerContext(xmlGenericErrorContext) {
-    m_codes.reserve(kMost);
     xmlSetStructuredErrorFunc(this, Note);
     xmlSetGenericErrorFunc(this, Drop);
   }
@@ -27,16 +26,20 @@ class XmlErrors {
   XmlErrors(const XmlErrors&) = delete;
   XmlErrors& operator=(const XmlErrors&) = delete;
 
-  /// Codes of the first reports, such as `XML_XPATH_EXPR_ERROR`, in order.
+  /// Codes of the reports, such as `XML_XPATH_EXPR_ERROR`, in order.
   const std::vector<int>& Codes() const { return m_codes; }
 
- private:
-  // Room is made beforehand, because an exception must not travel through libxml2.
-  static constexpr std::size_t kMost = 100;
+  /// The XPath expressions whose evaluation failed, as evaluated, in order.
+  ///
+  /// Where no prefix is bound every query of a profile fails, so this shows the queries themselves.
+  const std::vector<std::string>& Queries() const { return m_queries; }
 
-  static void Note(void* self, xmlErrorPtr error) {
-    std::vector<int>& codes = static_cast<XmlErrors*>(self)->m_codes;
-    if (codes.size() < kMost) codes.push_back(error->code);
+ private:
+  // No exception may travel through libxml2.
+  static void Note(void* self, xmlErrorPtr error) noexcept {
+    auto& errors = *static_cast<XmlErrors*>(self);
+    errors.m_codes.push_back(error->code);
+    if (error->domain == XML_FROM_XPATH && error->str1) errors.m_queries.emplace_back(error->str1);
   }
 
   // A few reports come as text only, beside a structured one.
@@ -47,6 +50,7 @@ class XmlErrors {
   const xmlGenericErrorFunc m_printer;
   void* const m_printerContext;
   std::vector<int> m_codes;
+  std::vector<std::string> m_queries;
 };
 
-}  // namespace analytics
+}  // namespace tests
