@@ -8,8 +8,10 @@
 
 #include "Commands.h"
 #include "Failure.h"
+#include "Transformed.h"
 #include "check/Similar.h"
 #include "input/XmlInput.h"
+#include "output/Messages.h"
 
 namespace {
 
@@ -45,8 +47,8 @@ void AddCommands(CLI::App& app) {
 /// A word in the place of a command that is none would else be reported as no command at all.
 void RequireKnownCommand(const CLI::App& app, int argc, char** argv) {
   const std::string word = argc > 1 ? argv[1] : "-";
-  std::vector<std::string> names;
-  for (const CLI::App* command : app.get_subcommands({})) names.push_back(command->get_name());
+  const std::vector<std::string> names = settingsctl::Transformed(
+      app.get_subcommands({}), [](const CLI::App* command) { return command->get_name(); });
   const bool isCommand = std::find(names.begin(), names.end(), word) != names.end();
   if (isCommand || word.empty() || word.front() == '-') return;
   const std::string similar = settingsctl::SimilarWord(word, names);
@@ -88,13 +90,12 @@ int Run(int argc, char** argv) {
   AddCommands(app);
   RequireKnownCommand(app, argc, argv);
   const int status = Parse(app, argc, argv);
-  if (!std::cout.flush()) throw Failure("standard output cannot be written");
+  if (!std::cout.flush()) throw Failure("standard output cannot be written; redirect it elsewhere");
   return status;
 }
 
 int Report(const std::string& message, int status) {
-  std::cout.flush();
-  std::cerr << "analytics-settingsctl: " << message << "\n";
+  settingsctl::PrintMessage(message);
   return status;
 }
 
@@ -106,7 +107,7 @@ int main(int argc, char** argv) {
   } catch (const Failure& failure) {
     return Report(failure.what(), failure.Status());
   } catch (const std::bad_alloc&) {
-    return Report("there is not enough memory", kCouldNotRun);
+    return Report("there is not enough memory; free some and try again", kCouldNotRun);
   } catch (const std::exception& error) {
     return Report(error.what(), kCouldNotRun);
   }

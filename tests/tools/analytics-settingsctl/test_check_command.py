@@ -64,6 +64,27 @@ class TheOutput(CheckTest):
         self.write("profile.xml", f'<p {NAMESPACES}><tt:rule Type="a&#10;&quot;&#9;b"/></p>')
         self.assertIn(r"""'a\n"\tb'""", self.found("profile.xml"))
 
+    def test_makes_control_characters_of_a_files_name_visible(self):
+        self.write("a\nb\t\x1b[1m.xml", WITHOUT_TYPE)
+        self.assertEqual(self.found("a\nb\t\x1b[1m.xml"),
+                         FINDING.replace("profile.xml", r"a\nb\t\x1b[1m.xml"))
+
+    def test_of_a_missing_file_makes_control_characters_of_its_name_visible(self):
+        done = self.run_command("check", "a\nb")
+        self.assertTrue(done.stdout.startswith(r"a\nb:1: error: cannot be opened: "), done.stdout)
+        self.assertEqual(done.stdout.count("\n"), 1)
+
+    def test_as_json_has_the_files_real_name(self):
+        self.write("a\nb\x1b.xml", WITHOUT_TYPE)
+        finding = json.loads(self.found("--json", "a\nb\x1b.xml"))["findings"][0]
+        self.assertEqual(finding["file"], "a\nb\x1b.xml")
+
+    def test_as_json_replaces_bytes_of_a_files_name_that_are_not_utf8(self):
+        name = os.fsdecode(b"a\xff.xml")
+        self.write(name, WITHOUT_TYPE)
+        finding = json.loads(self.found("--json", name))["findings"][0]
+        self.assertEqual(finding["file"], "a\ufffd.xml")
+
     def test_shortens_long_texts_between_letters(self):
         self.write("profile.xml", f'<p {NAMESPACES}><tt:rule Type="&quot;{"é" * 500}"/></p>')
         self.assertIn("'\"" + "é" * 29 + "...'", self.found("profile.xml"))
@@ -114,7 +135,24 @@ class AFile(CheckTest):
         done = self.run_command("check", "missing.ini", "profile.xml")
         self.assertEqual((done.returncode, done.stderr), (2, ""))
         self.assertEqual(done.stdout, "missing.ini:1: error: cannot be opened: No such file or "
-                                      "directory [unreadable]\n" + FINDING)
+                                      "directory; check its path and mode [unreadable]\n" +
+                         FINDING)
+
+    def test_that_cannot_be_read_is_told_elsewhere_if_it_is_no_finding(self):
+        self.write("profile.xml", WITHOUT_TYPE)
+        done = self.run_command("check", "--without", "unreadable", "no\nfile", "profile.xml", ".")
+        self.assertEqual((done.returncode, done.stdout), (2, FINDING))
+        self.assertEqual(done.stderr, "analytics-settingsctl: no\\nfile: cannot be opened: No such "
+                                      "file or directory; check its path and mode\n"
+                                      "analytics-settingsctl: .: is a directory; name a file in "
+                                      "it\n")
+
+    def test_as_standard_input_is_checked_once(self):
+        done = self.run_command("check", "-", "-", input=WITHOUT_TYPE)
+        self.assertEqual((done.returncode, done.stderr), (2, ""))
+        self.assertEqual(done.stdout, FINDING.replace("profile.xml", "standard input").replace(
+            "\n", "\nstandard input:1: error: is named twice but can be read only once; name it "
+            "once [unreadable]\n"))
 
     def test_that_is_bad_in_itself_is_reported(self):
         deep = "<a>" * 400 + "</a>" * 400
@@ -159,8 +197,8 @@ class TheSettings(CheckTest):
         self.assertIn("did you mean 'rule'?", self.found("renamed.ini", "profile.xml"))
 
     def test_that_cannot_be_read_are_refused(self):
-        self.assert_refused(2, "no.ini: cannot be opened: No such file or directory", "check",
-                            "--settings", "no.ini", "profile.xml")
+        self.assert_refused(2, "no.ini: cannot be opened: No such file or directory; check its "
+                            "path and mode", "check", "--settings", "no.ini", "profile.xml")
 
 
 class TheChecks(CheckTest):
@@ -181,8 +219,8 @@ class TheChecks(CheckTest):
     def test_that_do_not_exist_are_refused(self):
         for option in ("--without", "--explain"):
             with self.subTest(option=option):
-                self.assert_refused(2, "there is no check 'missing': see check --list", "check",
-                                    option, "missing", "a.xml")
+                self.assert_refused(2, "there is no check 'missing'; see analytics-settingsctl "
+                                    "check --list", "check", option, "missing", "a.xml")
 
     def test_need_a_file(self):
         self.assert_refused(2, "name a file to check, or - for standard input", "check")

@@ -1,6 +1,7 @@
 """The command `draw`: pictures that an XML parser reads and a renderer shows."""
 
 import base64
+import os
 import re
 import subprocess
 import unittest
@@ -122,6 +123,42 @@ class APicture(DrawTest):
             self.assertLess(abs(int(number)), 1000)
 
 
+class ACalibration(DrawTest):
+    """Only what the profile gives of it is drawn."""
+
+    def draw_calibration(self, content):
+        """The shapes and labels of a rule that has nothing but this calibration."""
+        picture = self.draw(PROFILE % (
+            '<tt:rule Type="A"><tt:Parameters><tt:ElementItem Name="Calibration"><ka:Calibration>'
+            f"{content}</ka:Calibration></tt:ElementItem></tt:Parameters></tt:rule>"))
+        owner = picture.find(f".//{SVG}g[@id='owner-1']")
+        shapes = [] if owner is None else self.shapes(picture)
+        labels = {text.text for text in picture.iter(SVG + "text") if text.get("stroke")}
+        return shapes, labels
+
+    def test_of_which_a_piece_is_missing_is_drawn_without_it(self):
+        near = '<ka:NearWidth><tt:Point x="0" y="0"/><tt:Point x="9" y="0"/></ka:NearWidth>'
+        self.assertEqual(self.draw_calibration(near), (["polyline", "line", "line"],
+                                                       {"A (inactive), near width"}))
+
+    def test_of_which_the_height_is_missing_says_so(self):
+        whole = '<ka:ObjectAtNearLeft left="0" top="0" right="4" bottom="5"/>'
+        self.assertEqual(self.draw_calibration(whole), (["rect"],
+                                                        {"A (inactive), height missing"}))
+
+    def test_of_which_each_piece_lacks_something_is_not_drawn(self):
+        for piece in ('<ka:ObjectAtNearLeft left="4" top="5"/>',
+                      '<ka:ObjectAtNearLeft left="4" top="5" right="6"/>',
+                      '<ka:NearWidth><tt:Point x="1" y="2"/></ka:NearWidth>',
+                      "<ka:PhysicalHeight>180</ka:PhysicalHeight>", ""):
+            with self.subTest(piece=piece):
+                self.assertEqual(self.draw_calibration(piece), ([], set()))
+
+    def test_at_the_origin_is_drawn(self):
+        far = '<ka:FarWidth><tt:Point x="0" y="0"/><tt:Point x="0" y="0"/></ka:FarWidth>'
+        self.assertEqual(self.draw_calibration(far)[1], {"A (inactive), far width"})
+
+
 class ARenderedPicture(DrawTest):
     def test_shows_pixels_where_the_profile_has_them(self):
         self.draw(profile(("A", "a", 1, RECTANGLE)), "--size", "200x100")
@@ -221,6 +258,20 @@ class TheCommand(DrawTest):
         done = self.run_command("draw", "profile.xml", "-o", "out.svg")
         self.assertEqual((done.returncode, self.read("out.svg")), (2, "former"))
         self.assertIn("profile.xml:1: is not well-formed XML", done.stderr)
+
+    def test_writes_where_a_symbolic_link_leads_though_there_is_nothing_yet(self):
+        (self.directory / "link.svg").symlink_to("new.svg")
+        self.write("profile.xml", profile(("A", "a", 1, LINE)))
+        self.answer("draw", "profile.xml", "-o", "link.svg")
+        self.assertTrue((self.directory / "link.svg").is_symlink())
+        self.assertIn("</svg>", self.read("new.svg"))
+
+    def test_names_a_file_in_letters_that_svg_can_hold(self):
+        name = os.fsdecode(b"a\n\x01\xff\xef\xbf\xbf.xml")
+        self.write(name, profile(("A", "a", 1, LINE)))
+        drawn = self.answer("draw", name, "-o", "-")
+        self.assertEqual(ElementTree.fromstring(drawn.encode()).find(SVG + "title").text,
+                         "Analytics geometry of a\\n\\x01\ufffd\ufffd.xml")
 
     def test_needs_to_be_told_where_to_write(self):
         self.write("profile.xml", profile(("A", "a", 1, LINE)))

@@ -1,36 +1,12 @@
-"""Edits of profiles, and what becomes of the file when one fails."""
+"""Edits of profiles."""
 
 import os
-import resource
 import shutil
 import subprocess
 import unittest
 
-from support import COMMAND, EXAMPLES, CommandTest
-
-PROFILE = """<?xml version="1.0"?>
-<p xmlns:tt="http://www.onvif.org/ver10/schema">
-  <tt:rule Type="A">
-    <tt:Parameters>
-      <tt:SimpleItem Name="n" Value="1"/>
-    </tt:Parameters>
-  </tt:rule>
-  <tt:rule Type="A"><tt:Parameters><tt:SimpleItem Name="n" Value="1"/></tt:Parameters></tt:rule>
-  <tt:rule Type="B"/>
-</p>
-"""
-
-MAY_MOUNT = subprocess.run(["unshare", "-rm", "mount", "-t", "tmpfs", "none", "/mnt"],
-                           check=False, capture_output=True).returncode == 0
-
-
-class EditTest(CommandTest):
-    def setUp(self):
-        super().setUp()
-        self.write("p.xml", PROFILE)
-
-    def set(self, value, *options):
-        return ("set", "p.xml", "--rule", "A", "--item", "n", value, *options)
+from edits import PROFILE, EditTest
+from support import COMMAND, EXAMPLES
 
 
 class SettingAnItem(EditTest):
@@ -51,12 +27,17 @@ class SettingAnItem(EditTest):
                 self.assertIn(f"n = {value}", self.answer("profile", "p.xml"))
 
     def test_refuses_texts_that_xml_cannot_hold(self):
-        for value in (b"\x01", b"\xff"):
+        for value, problem in (
+                (b"\x01", "starts U+0001, which no XML file can hold; leave that character out"),
+                ("\uffff".encode(), "starts U+FFFF, which no XML file can hold; leave that "
+                                    "character out"),
+                (b"\xff", ", 0xFF, is no UTF-8; write the value in UTF-8")):
             with self.subTest(value=value):
-                done = subprocess.run([COMMAND, *self.set(value)], cwd=self.directory, check=False,
-                                      env=self.environment, capture_output=True)
-                self.assertEqual(done.stderr, b"analytics-settingsctl: the value is no text that "
-                                              b"XML can hold; use UTF-8 without controls\n")
+                done = subprocess.run([COMMAND, *self.set(b"a" + value)], cwd=self.directory,
+                                      check=False, env=self.environment, capture_output=True)
+                blank = "" if problem.startswith(",") else " "
+                self.assertEqual(done.stderr.decode(), "analytics-settingsctl: p.xml: byte 2 of "
+                                                       f"the value{blank}{problem}\n")
                 self.assertEqual((done.returncode, self.read("p.xml")), (2, PROFILE))
 
     def test_says_what_to_do_about_a_missing_rule(self):
@@ -86,6 +67,58 @@ class SettingAnItem(EditTest):
         (self.directory / "p.xml").write_bytes(text.encode("utf-16"))
         self.answer(*self.set("2"))
         self.assertIn('Value="2"', (self.directory / "p.xml").read_bytes().decode("utf-16"))
+
+
+class LineBreaks(EditTest):
+    """XML is read with LF for every line break."""
+
+    def write_bytes(self, text, encoding="utf-8"):
+        (self.directory / "p.xml").write_bytes(text.encode(encoding))
+
+    def read_bytes(self, name="p.xml"):
+        return (self.directory / name).read_bytes()
+
+    def test_of_cr_lf_throughout_are_kept(self):
+        self.write_bytes(PROFILE.replace("\n", "\r\n"))
+        self.assertTrue(self.answer(*self.set("2")).endswith("n was '1', is now '2'\n"))
+        self.assertEqual(self.read_bytes(),
+                         PROFILE.replace('"1"/>', '"2"/>', 1).replace("\n", "\r\n").encode())
+
+    def test_of_cr_lf_throughout_are_kept_where_rules_are_deleted(self):
+        self.write_bytes(PROFILE.replace("\n", "\r\n"))
+        self.answer("delete-rules", "p.xml", "B")
+        written = self.read_bytes()
+        self.assertEqual(written.count(b"\n"), written.count(b"\r\n"))
+        self.assertEqual(written.count(b"\r"), written.count(b"\r\n"))
+
+    def test_that_are_mixed_become_lf_and_that_is_told(self):
+        self.write_bytes(PROFILE.replace("\n", "\r\n", 2))
+        self.assertTrue(self.answer(*self.set("2")).endswith("; its line breaks became LF\n"))
+        self.assertEqual(self.read_bytes(), PROFILE.replace('"1"/>', '"2"/>', 1).encode())
+
+    def test_of_several_bytes_become_lf_and_that_is_told(self):
+        text = PROFILE.replace('version="1.0"', 'version="1.0" encoding="UTF-16"')
+        self.write_bytes(text.replace("\n", "\r\n"), "utf-16")
+        self.assertTrue(self.answer(*self.set("2")).endswith("; its line breaks became LF\n"))
+        self.assertEqual(self.read_bytes().decode("utf-16"), text.replace('"1"/>', '"2"/>', 1))
+
+    def test_in_a_dry_run_are_those_that_would_be_written(self):
+        self.write_bytes(PROFILE.replace("\n", "\r\n"))
+        shown = self.run_command(*self.set("2", "--dry-run"), text=False).stdout
+        changed = [line for line in shown.split(b"\n")[2:] if line[:1] in (b"-", b"+")]
+        self.assertEqual(changed, [b'-      <tt:SimpleItem Name="n" Value="1"/>\r',
+                                   b'+      <tt:SimpleItem Name="n" Value="2"/>\r'])
+
+    @unittest.skipUnless(shutil.which("patch"), "patch is not installed")
+    def test_in_a_dry_run_are_what_patch_makes(self):
+        for breaks in (1, 100):
+            with self.subTest(breaks=breaks):
+                self.write_bytes(PROFILE.replace("\n", "\r\n", breaks))
+                difference = self.run_command(*self.set("2", "--dry-run"), text=False).stdout
+                self.answer(*self.set("2", "-o", "edited.xml"))
+                subprocess.run(["patch", "-s", "--binary", "-o", "patched.xml", "p.xml"],
+                               check=True, cwd=self.directory, input=difference)
+                self.assertEqual(self.read_bytes("patched.xml"), self.read_bytes("edited.xml"))
 
 
 class DeletingRules(EditTest):
@@ -148,92 +181,6 @@ class ADryRun(EditTest):
         self.write("p.xml", PROFILE.rstrip())
         self.assertIn("-</p>\n\\ No newline at end of file\n+</p>\n",
                       self.answer(*self.set("1", "--dry-run")))
-
-
-class AWrittenFile(EditTest):
-    def test_keeps_its_mode(self):
-        (self.directory / "p.xml").chmod(0o640)
-        self.answer(*self.set("2"))
-        self.assertEqual((self.directory / "p.xml").stat().st_mode & 0o7777, 0o640)
-
-    @unittest.skipUnless(os.geteuid() == 0, "only root may give a file away")
-    def test_keeps_its_owner(self):
-        os.chown(self.directory / "p.xml", 1234, 5678)
-        self.answer(*self.set("2"))
-        state = (self.directory / "p.xml").stat()
-        self.assertEqual((state.st_uid, state.st_gid), (1234, 5678))
-
-    def test_that_is_new_has_the_usual_mode(self):
-        self.answer(*self.set("2", "-o", "out.xml"), preexec_fn=lambda: os.umask(0o027))
-        self.assertEqual((self.directory / "out.xml").stat().st_mode & 0o7777, 0o640)
-
-    def test_stays_behind_its_symbolic_link(self):
-        (self.directory / "link.xml").symlink_to("p.xml")
-        self.answer("set", "link.xml", *self.set("2")[2:])
-        self.assertTrue((self.directory / "link.xml").is_symlink())
-        self.assertIn('Value="2"', self.read("p.xml"))
-
-    def test_leaves_nothing_beside_it(self):
-        self.answer(*self.set("2"))
-        self.assertEqual(os.listdir(self.directory), ["p.xml"])
-
-
-class AFailedWrite(EditTest):
-    def assert_untouched(self, done, message):
-        self.assertEqual((done.returncode, done.stdout), (2, ""))
-        self.assertEqual(done.stderr, f"analytics-settingsctl: {message}\n")
-        self.assertEqual(os.listdir(self.directory), ["p.xml"])
-        self.assertEqual(self.read("p.xml"), PROFILE)
-
-    def test_beyond_the_limit_of_file_sizes_leaves_the_file_as_it_was(self):
-        limit = len(PROFILE) + 100
-        done = self.run_command(
-            *self.set("x" * 200),
-            preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_FSIZE, (limit, limit)))
-        self.assert_untouched(done, "p.xml: the edited profile could not be made; nothing was "
-                                    "changed")
-
-    @unittest.skipUnless(MAY_MOUNT, "no file system can be mounted here")
-    def test_on_a_full_disk_leaves_the_file_as_it_was(self):
-        command = " ".join(f"'{word}'" for word in (COMMAND, *self.set("x" * 5000)))
-        done = subprocess.run(
-            ["unshare", "-rm", "sh", "-c", "mkdir disk && mount -t tmpfs -o size=8k none disk && "
-             f"cp p.xml disk && cd disk && {{ {command}; echo $?; ls -A; cat p.xml; }}"],
-            cwd=self.directory, env=self.environment, check=True, capture_output=True, text=True)
-        self.assertEqual(done.stderr, "analytics-settingsctl: p.xml: cannot be written: No space "
-                                      "left on device; nothing was changed\n")
-        self.assertEqual(done.stdout, "2\np.xml\n" + PROFILE)
-
-    @unittest.skipIf(os.getuid() == 0 and not shutil.which("setpriv"), "root may write anywhere")
-    def test_in_a_directory_that_is_read_only_leaves_the_file_as_it_was(self):
-        self.directory.chmod(0o555)
-        self.addCleanup(self.directory.chmod, 0o755)
-        plain = ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
-        done = subprocess.run([*(plain if os.getuid() == 0 else []), COMMAND, *self.set("2")],
-                              cwd=self.directory, env=self.environment, check=False, text=True,
-                              capture_output=True)
-        self.assert_untouched(done, "p.xml: cannot be written: Permission denied; nothing was "
-                                    "changed")
-
-    def test_into_a_missing_directory_is_told(self):
-        done = self.run_command(*self.set("2", "-o", "none/out.xml"))
-        self.assert_untouched(done, "none/out.xml: cannot be written: No such file or directory; "
-                                    "nothing was changed")
-
-    def test_into_a_full_device_is_told_and_leaves_the_device(self):
-        done = self.run_command(*self.set("2", "-o", "/dev/full"))
-        self.assert_untouched(done, "/dev/full: cannot be written: No space left on device")
-        self.assertFalse(os.path.isfile("/dev/full"))
-
-    def test_into_a_pipe_that_nobody_reads_is_told(self):
-        os.mkfifo(self.directory / "pipe")
-        done = self.run_command(*self.set("2", "-o", "pipe"))
-        self.assertEqual((done.returncode, done.stdout), (2, ""))
-        self.assertIn("pipe: cannot be written", done.stderr)
-
-    def test_into_a_directory_is_told(self):
-        done = self.run_command(*self.set("2", "-o", "."))
-        self.assert_untouched(done, ".: cannot be written: Is a directory")
 
 
 if __name__ == "__main__":

@@ -133,6 +133,18 @@ class Resources(PlatformTest):
             with self.subTest(count=count):
                 self.assertEqual(self.run_command("reserve", count).returncode, 2)
 
+    def test_below_none_are_refused_and_nothing_is_claimed(self):
+        self.answer("reserve", "30")
+        for arguments in (("-5",), ("--", "-5"), ("-5", "--json")):
+            with self.subTest(arguments=arguments):
+                self.assert_refused(2, "reserve -5: a number of units is 0 or more; reserve 0 "
+                                    "gives all units back", "reserve", *arguments)
+        self.assertEqual(self.answer("available"), "Free units: 45\n")
+
+    def test_are_all_given_back_by_none(self):
+        self.answer("reserve", "30")
+        self.assertIn("Free units after:  75\n", self.answer("reserve", "0"))
+
     def test_of_a_store_that_cannot_be_read_are_refused(self):
         self.break_store()
         for command in (("available",), ("reserve", "1")):

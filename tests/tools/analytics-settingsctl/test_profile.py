@@ -86,6 +86,49 @@ class AProfile(CommandTest):
         self.assertEqual(shown["rules"][0]["shapes"],
                          [{"item": "L", "element": "Polyline", "points": [[7, 0], [0, 8]]}])
 
+    def calibration(self, content, *arguments):
+        return self.shown('<tt:engine Type="A"><tt:Parameters><tt:ElementItem Name="Calibration">'
+                          f"<ka:Calibration>{content}</ka:Calibration></tt:ElementItem>"
+                          "</tt:Parameters></tt:engine>", *arguments)
+
+    def test_tells_what_a_calibration_lacks(self):
+        lines = self.calibration("").splitlines()[-4:]
+        self.assertEqual([line[line.index("Calibration"):] for line in lines], [
+            "Calibration: object at near left missing", "Calibration: near width missing",
+            "Calibration: far width missing", "Calibration: physical height missing"])
+
+    def test_tells_what_a_calibration_lacks_as_null(self):
+        shown = json.loads(self.calibration("", "--json"))["engines"][0]
+        self.assertEqual(shown["calibration"], {"objectAtNearLeft": None, "nearWidth": None,
+                                                "farWidth": None, "physicalHeight": None})
+
+    def test_tells_which_side_of_an_object_is_missing(self):
+        for given, text, numbers in (('left="4" top="0"', "(4,0) (-,-)", [[4, 0], [None, None]]),
+                                     ('right="1"', "(-,-) (1,-)", [[None, None], [1, None]]),
+                                     ('left="" bottom="x"', "(-,-) (-,0)",
+                                      [[None, None], [None, 0]])):
+            with self.subTest(given=given):
+                piece = f"<ka:ObjectAtNearLeft {given}/>"
+                self.assertIn(f"object at near left {text}\n", self.calibration(piece))
+                shown = json.loads(self.calibration(piece, "--json"))["engines"][0]
+                self.assertEqual(shown["calibration"]["objectAtNearLeft"], numbers)
+
+    def test_takes_no_number_of_a_calibration_for_a_missing_one(self):
+        for number in (0, 1, -1, 2147483647, -2147483648, -2147483647):
+            with self.subTest(number=number):
+                point = f'<tt:Point x="{number}" y="{number}"/>'
+                shown = json.loads(self.calibration(
+                    f"<ka:NearWidth>{point}{point}</ka:NearWidth>"
+                    f"<ka:PhysicalHeight>{number}</ka:PhysicalHeight>", "--json"))["engines"][0]
+                self.assertEqual(shown["calibration"]["nearWidth"], [[number, number]] * 2)
+                self.assertEqual(shown["calibration"]["physicalHeight"], number)
+
+    def test_takes_a_line_of_one_point_and_a_blank_height_for_missing(self):
+        shown = json.loads(self.calibration(
+            '<ka:FarWidth><tt:Point x="1" y="2"/></ka:FarWidth><ka:PhysicalHeight> '
+            "</ka:PhysicalHeight>", "--json"))["engines"][0]["calibration"]
+        self.assertEqual((shown["farWidth"], shown["physicalHeight"]), (None, None))
+
     def test_uses_the_tags_of_the_settings(self):
         self.environment["ANALYTICS_INI"] = str(ONVIF / "schema.ini")
         shown = self.as_json('<tt:Rule Type="A"/><tt:rule Type="B"/>')

@@ -11,6 +11,11 @@ SETTINGS = """<a>
 </a>"""
 
 
+NO_FILE = ("analytics-settingsctl: the runtime has no settings file here, because "
+           "none.ini: cannot be opened: No such file or directory; check its path and mode, or "
+           "name one with --settings\n")
+
+
 class AQuery(CommandTest):
     def setUp(self):
         super().setUp()
@@ -33,10 +38,12 @@ class AQuery(CommandTest):
             with self.subTest(path=path):
                 done = self.run_command("get", path)
                 self.assertEqual((done.returncode, done.stdout), (1, "\n"))
-                self.assertIn(f"a.ini: {path} has no text", done.stderr)
+                self.assertEqual(done.stderr, f"analytics-settingsctl: a.ini: {path} has no text, "
+                                              "so the runtime gets none; add one if it needs it\n")
 
     def test_that_is_no_expression_is_refused(self):
-        self.assert_refused(2, "'//[' is not an XPath 1.0 expression", "get", "//[")
+        self.assert_refused(2, "'//[' is not an XPath 1.0 expression; see analytics-settingsctl "
+                            "get --help", "get", "//[")
 
     def test_takes_a_number_or_all_texts_but_not_both(self):
         self.assertEqual(self.run_command("get", "//a", "--all", "--int", "1").returncode, 2)
@@ -45,11 +52,18 @@ class AQuery(CommandTest):
         self.write("b.ini", "<a><maxSessions>3</maxSessions></a>")
         self.assertEqual(self.answer("get", "//maxSessions", "--settings", "b.ini"), "3\n")
 
-    def test_needs_a_settings_file(self):
-        del self.environment["ANALYTICS_INI"]
-        done = self.run_command("get", "//a")
-        self.assertEqual(done.returncode, 2)
-        self.assertIn("name another with --settings", done.stderr)
+    def test_without_a_settings_file_finds_what_the_runtime_finds(self):
+        self.environment["ANALYTICS_INI"] = "none.ini"
+        for arguments, found in ((("//maxSessions",), "\n"), (("--all", "//maxSessions"), ""),
+                                 (("--int", "7", "//maxSessions"), "7\n")):
+            with self.subTest(arguments=arguments):
+                done = self.run_command("get", *arguments)
+                self.assertEqual((done.returncode, done.stdout), (1, found))
+                self.assertEqual(done.stderr, NO_FILE)
+
+    def test_of_a_file_that_is_named_needs_it(self):
+        self.assert_refused(2, "no.ini: cannot be opened: No such file or directory; check its "
+                            "path and mode", "get", "//a", "--settings", "no.ini")
 
 
 class Substitution(CommandTest):
@@ -96,7 +110,8 @@ class Substitution(CommandTest):
             with self.subTest(text=text):
                 done = self.expand(text, **variables)
                 self.assertEqual((done.returncode, done.stdout), (1, ""))
-                self.assertTrue(done.stderr.endswith(f"leads back to itself: {cycle}\n"), done)
+                self.assertTrue(done.stderr.endswith(f"leads back to itself: {cycle}; "
+                                                     "change one of these variables\n"), done)
 
     def test_that_grows_beyond_measure_is_refused(self):
         variables = {f"v{n}": f"${{v{n + 1}}}${{v{n + 1}}}" for n in range(40)}
@@ -109,8 +124,23 @@ class Substitution(CommandTest):
     def test_of_a_text_without_reference_needs_no_file(self):
         self.assertEqual(self.answer("expand", "plain $ {text}"), "plain $ {text}\n")
 
-    def test_needs_a_settings_file(self):
-        self.assertEqual(self.run_command("expand", "${a}").returncode, 2)
+    def test_without_a_settings_file_is_that_of_the_runtime(self):
+        self.environment["ANALYTICS_INI"] = "none.ini"
+        for text, expanded in (("x${a}y", "xy\n"), ("${", "${\n"), ("${}", "${}\n")):
+            with self.subTest(text=text):
+                done = self.run_command("expand", text)
+                self.assertEqual((done.returncode, done.stdout), (1, expanded))
+                self.assertEqual(done.stderr, NO_FILE)
+
+    def test_of_a_long_text_without_a_settings_file_is_refused(self):
+        self.environment["ANALYTICS_INI"] = "none.ini"
+        done = self.run_command("expand", "${a}" * 10001)
+        self.assertEqual((done.returncode, done.stdout), (1, ""))
+        self.assertIn("none.ini: the text grows beyond", done.stderr)
+
+    def test_by_a_file_that_is_named_needs_it(self):
+        self.assert_refused(2, "no.ini: cannot be opened: No such file or directory; check its "
+                            "path and mode", "expand", "${a}", "--settings", "no.ini")
 
 
 if __name__ == "__main__":

@@ -105,7 +105,8 @@ class TheSettingsFile(SettingsTest):
         self.assertEqual(self.setting(shown, "userdataPipe")["value"], [])
 
     def test_named_on_the_command_line_must_be_usable(self):
-        self.assert_refused(2, "none.ini: cannot be opened: No such file or directory",
+        self.assert_refused(2, "none.ini: cannot be opened: No such file or directory; check its "
+                            "path and mode",
                             "settings", "none.ini")
 
 

@@ -1,9 +1,10 @@
 #include <analytics/DocumentNode.h>
 
-#include "check/CalibrationPieces.h"
 #include "check/Elements.h"
 #include "check/Number.h"
 #include "check/ProfileChecks.h"
+#include "input/Attributes.h"
+#include "input/CalibrationContents.h"
 #include "input/LineNumbers.h"
 
 namespace settingsctl {
@@ -11,7 +12,7 @@ namespace {
 
 bool IsCalibrationItem(const ProfileVocabulary& words, xmlNode* element) {
   return IsElement(element, words.onvifNs, "ElementItem") && words.IsItem(element) &&
-         Attribute(element, "Name") == "Calibration";
+         PlainAttribute(element, "Name") == "Calibration";
 }
 
 /// Whether the library reads a calibration from this element.
@@ -38,12 +39,12 @@ void CheckPlace(const CheckedProfile& checked, const xmlNode* element) {
                                         "engine's Parameters"));
 }
 
-std::vector<std::string> UnreadPieces(const CalibrationPieces& pieces) {
+std::vector<std::string> UnreadPieces(const CalibrationContents& contents) {
   std::vector<std::string> unread;
-  if (!pieces.hasNearLeft) unread.emplace_back("ObjectAtNearLeft");
-  if (!pieces.hasNearWidth) unread.emplace_back("NearWidth");
-  if (!pieces.hasFarWidth) unread.emplace_back("FarWidth");
-  if (!pieces.hasHeight) unread.emplace_back("PhysicalHeight");
+  if (!IsWhole(contents.nearLeft)) unread.emplace_back("ObjectAtNearLeft");
+  if (!IsWhole(contents.nearWidth)) unread.emplace_back("NearWidth");
+  if (!IsWhole(contents.farWidth)) unread.emplace_back("FarWidth");
+  if (!contents.physicalHeight) unread.emplace_back("PhysicalHeight");
   return unread;
 }
 
@@ -67,7 +68,7 @@ void CheckHeight(const CheckedProfile& checked, xmlNode* calibration) {
 void CheckPieces(const CheckedProfile& checked, xmlNode* item) {
   const auto calibrations = Children(item, checked.words.kestalNs, "Calibration");
   analytics::DocumentNode owner(item->parent->parent);
-  const auto unread = UnreadPieces(ReadCalibration(checked.profile, owner));
+  const auto unread = UnreadPieces(ReadCalibrationContents(checked.profile, &owner));
   if (!unread.empty()) {
     checked.findings.Add("incomplete-calibration",
                          LineOf(calibrations.empty() ? item : calibrations.front()),

@@ -6,6 +6,7 @@
 #include <analytics/Settings.h>
 
 #include "Failure.h"
+#include "Transformed.h"
 #include "check/FileKind.h"
 #include "check/ProfileChecks.h"
 #include "check/SettingsChecks.h"
@@ -87,9 +88,9 @@ void Append(const std::vector<Finding>& findings, CheckReport& report) {
 }  // namespace
 
 CheckReport CheckFiles(const std::vector<std::string>& paths, const CheckOptions& options) {
-  std::vector<std::unique_ptr<FileCheck>> files;
-  files.reserve(paths.size());
-  for (const std::string& path : paths) files.push_back(std::make_unique<FileCheck>(path, options));
+  const auto files = Transformed(paths, [&options](const std::string& path) {
+    return std::make_unique<FileCheck>(path, options);
+  });
   // Profiles come first: a settings file among the files must not change what they are checked by.
   for (const auto& file : files) file->CheckAs(FileKind::kProfile);
   for (const auto& file : files) file->CheckAs(FileKind::kSettings);

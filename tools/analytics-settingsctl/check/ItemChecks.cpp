@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <unordered_map>
 
 #include <analytics/DocumentNode.h>
@@ -5,6 +6,7 @@
 #include "check/Elements.h"
 #include "check/Number.h"
 #include "check/ProfileChecks.h"
+#include "input/Attributes.h"
 #include "input/LineNumbers.h"
 
 namespace settingsctl {
@@ -17,7 +19,8 @@ std::vector<xmlNode*> ItemsOf(const ProfileVocabulary& words, xmlNode* owner,
                               const std::string& kind) {
   std::vector<xmlNode*> items;
   for (xmlNode* parameters : Children(owner, words.onvifNs, "Parameters")) {
-    for (xmlNode* item : Children(parameters, words.onvifNs, kind)) items.push_back(item);
+    const std::vector<xmlNode*> found = Children(parameters, words.onvifNs, kind);
+    items.insert(items.end(), found.begin(), found.end());
   }
   return items;
 }
@@ -32,7 +35,7 @@ std::string OfTwo(xmlNode* first) {
 void CheckRepeated(const CheckedProfile& checked, xmlNode* owner, const std::string& kind) {
   FirstItems first;
   for (xmlNode* item : ItemsOf(checked.words, owner, kind)) {
-    const std::string name = Attribute(item, "Name");
+    const std::string name = PlainAttribute(item, "Name");
     if (name.empty() || first.insert({name, item}).second) continue;
     checked.findings.Add("repeated-item", LineOf(item),
                          "the " + kind + " " + Quoted(name) + " occurs twice in this " +
@@ -42,10 +45,11 @@ void CheckRepeated(const CheckedProfile& checked, xmlNode* owner, const std::str
 
 /// The first item "Active" of a rule; null if there is none.
 xmlNode* ActiveItem(const ProfileVocabulary& words, xmlNode* rule) {
-  for (xmlNode* item : ItemsOf(words, rule, "SimpleItem")) {
-    if (Attribute(item, "Name") == "Active") return item;
-  }
-  return nullptr;
+  const std::vector<xmlNode*> items = ItemsOf(words, rule, "SimpleItem");
+  const auto active = std::find_if(items.begin(), items.end(), [](xmlNode* item) {
+    return PlainAttribute(item, "Name") == "Active";
+  });
+  return active == items.end() ? nullptr : *active;
 }
 
 void CheckActive(const CheckedProfile& checked, xmlNode* rule) {
@@ -73,7 +77,7 @@ PlainLines FindPlainNumbers(const CheckedProfile& checked) {
   for (xmlNode* element : checked.elements) {
     if (!IsSimpleItem(checked.words, element)) continue;
     if (FormOfNumber(Attribute(element, "Value")) != NumberForm::kPlain) continue;
-    plain.insert({Attribute(element, "Name"), LineOf(element)});
+    plain.insert({PlainAttribute(element, "Name"), LineOf(element)});
   }
   return plain;
 }
@@ -83,7 +87,7 @@ void CheckNumber(const CheckedProfile& checked, xmlNode* item, const PlainLines&
   const std::string text = Attribute(item, "Value");
   const NumberForm form = FormOfNumber(text);
   const bool isTrailing = form == NumberForm::kTrailing;
-  const std::string name = Attribute(item, "Name");
+  const std::string name = PlainAttribute(item, "Name");
   const auto elsewhere = plain.find(name);
   if ((!isTrailing && form != NumberForm::kOutOfRange) || elsewhere == plain.end()) return;
   checked.findings.Add(isTrailing ? "item-trailing-text" : "item-out-of-range", LineOf(item),

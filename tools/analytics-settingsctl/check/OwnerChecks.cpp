@@ -3,8 +3,10 @@
 #include <analytics/DocumentNode.h>
 
 #include "check/Elements.h"
+#include "check/LostAttributes.h"
 #include "check/ProfileChecks.h"
 #include "check/Similar.h"
+#include "input/Attributes.h"
 #include "input/LineNumbers.h"
 
 namespace settingsctl {
@@ -29,9 +31,9 @@ void CheckNamespace(const CheckedProfile& checked, const xmlNode* element) {
 
 void CheckType(const CheckedProfile& checked, xmlNode* element) {
   if (!checked.words.IsOwner(element)) return;
-  const std::string type = Attribute(element, "Type");
+  const std::string type = PlainAttribute(element, "Type");
   const std::string kind = KindOf(checked.words, element);
-  if (type.empty()) {
+  if (!CheckLostAttribute(checked.findings, element, "Type") && type.empty()) {
     checked.findings.Add("missing-type", LineOf(element),
                          "the " + kind + " has no Type, so nothing that asks for a type finds it");
   }

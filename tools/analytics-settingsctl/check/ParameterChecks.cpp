@@ -1,5 +1,7 @@
 #include "check/Elements.h"
+#include "check/LostAttributes.h"
 #include "check/ProfileChecks.h"
+#include "input/Attributes.h"
 #include "input/LineNumbers.h"
 
 namespace settingsctl {
@@ -28,7 +30,7 @@ void CheckNamespaceOfParameters(const CheckedProfile& checked, const xmlNode* el
 
 /// "the SimpleItem 'Active'"; without a name if it has none.
 std::string ShownItem(xmlNode* item) {
-  const std::string name = Attribute(item, "Name");
+  const std::string name = PlainAttribute(item, "Name");
   return "the " + NameOf(item) + (name.empty() ? "" : " " + Quoted(name));
 }
 
@@ -53,8 +55,8 @@ void CheckNamespaceOfItem(const CheckedProfile& checked, xmlNode* element) {
 
 void CheckName(const CheckedProfile& checked, xmlNode* item) {
   if (!checked.words.IsItem(item)) return;
-  const std::string name = Attribute(item, "Name");
-  if (name.empty()) {
+  const std::string name = PlainAttribute(item, "Name");
+  if (!CheckLostAttribute(checked.findings, item, "Name") && name.empty()) {
     checked.findings.Add("unnamed-item", LineOf(item),
                          "the " + NameOf(item) + " has no Name, so it cannot be asked for");
   }

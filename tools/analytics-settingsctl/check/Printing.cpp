@@ -3,6 +3,7 @@
 #include <iomanip>
 #include <iostream>
 
+#include "Transformed.h"
 #include "output/Colours.h"
 #include "output/Json.h"
 #include "output/TextWidth.h"
@@ -19,7 +20,9 @@ Style StyleOf(Severity severity) {
 
 void PrintFinding(const Finding& finding, bool withHint) {
   const Check& check = *finding.check;
-  std::cout << Styled(Style::kBold, finding.file + ":" + std::to_string(finding.line) + ":") << " "
+  // A line break in the file's name would make two lines of one finding.
+  const std::string place = Printable(finding.file) + ":" + std::to_string(finding.line) + ":";
+  std::cout << Styled(Style::kBold, place) << " "
             << Styled(StyleOf(check.severity), std::string(SeverityName(check.severity)) + ":")
             << " " << finding.message << " "
             << Styled(Style::kDim, "[" + std::string(check.name) + "]") << "\n";
@@ -57,18 +60,17 @@ void PrintRow(const Check& check) {
 
 void PrintFindings(const std::vector<Finding>& findings, const PrintOptions& options) {
   if (options.asJson) {
-    Json json = Json::array();
-    for (const Finding& finding : findings) json.push_back(JsonOf(finding, options.withHints));
-    return PrintJson({{"findings", json}});
+    return PrintJson({{"findings", Transformed(findings, [&options](const Finding& finding) {
+                         return JsonOf(finding, options.withHints);
+                       })}});
   }
   for (const Finding& finding : findings) PrintFinding(finding, options.withHints);
 }
 
 void PrintChecks(const PrintOptions& options) {
   if (options.asJson) {
-    Json json = Json::array();
-    for (const Check& check : AllChecks()) json.push_back(JsonOf(check));
-    return PrintJson({{"checks", json}});
+    return PrintJson(
+        {{"checks", Transformed(AllChecks(), [](const Check& check) { return JsonOf(check); })}});
   }
   for (const Check& check : AllChecks()) PrintRow(check);
 }

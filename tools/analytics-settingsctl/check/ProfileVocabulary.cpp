@@ -55,7 +55,8 @@ bool ProfileVocabulary::IsOwner(const xmlNode* element) const {
 bool ProfileVocabulary::IsLostOwner(const xmlNode* element) const {
   if (!element || element->type != XML_ELEMENT_NODE || IsOwner(element)) return false;
   const std::string name = NameOf(element);
-  return name == ruleTag || name == engineTag || name == eventSinkTag;
+  const bool hasTag = name == ruleTag || name == engineTag || name == eventSinkTag;
+  return hasTag && !IsContent(element);
 }
 
 bool ProfileVocabulary::IsParameters(const xmlNode* element) const {
@@ -66,6 +67,13 @@ bool ProfileVocabulary::IsItem(const xmlNode* element) const {
   const bool isItem =
       IsElement(element, onvifNs, "SimpleItem") || IsElement(element, onvifNs, "ElementItem");
   return isItem && IsParameters(element->parent);
+}
+
+bool ProfileVocabulary::IsContent(const xmlNode* element) const {
+  return HasAncestor(element, [this](const xmlNode* above) {
+    return IsElement(above, onvifNs, "ElementItem") &&
+           IsElement(above->parent, onvifNs, "Parameters");
+  });
 }
 
 bool ProfileVocabulary::IsBelowOwner(const xmlNode* element) const {

@@ -33,11 +33,15 @@ struct ProfileVocabulary {
   bool IsOwner(const xmlNode* element) const;
 
   /// Whether the element has the tag of an owner, but not its namespace, so that it is not found.
+  /// What is within an element item is the vendor's own matter, whatever its name.
   bool IsLostOwner(const xmlNode* element) const;
 
   /// Whether the element is a "Parameters" or an item within it that the library finds.
   bool IsParameters(const xmlNode* element) const;
   bool IsItem(const xmlNode* element) const;
+
+  /// Whether the element is the content of an element item, at any depth.
+  bool IsContent(const xmlNode* element) const;
 
   /// Whether the element is below an owner, or below a lost one, at any depth.
   bool IsBelowOwner(const xmlNode* element) const;

@@ -25,7 +25,7 @@ bool IsFound(const CheckedSettings& settings, const Setting& setting) {
 void CheckMissing(const CheckedSettings& settings) {
   for (const Setting& setting : AllSettings()) {
     if (!IsEmptiedWhenMissing(setting) || IsFound(settings, setting)) continue;
-    settings.findings.Add("missing-text", LineOf(settings.root),
+    settings.findings.Add(IsName(setting) ? "empty-name" : "missing-text", LineOf(settings.root),
                           "the file has no " + ShownPath(setting) +
                               ", so the library uses an empty text instead of the built-in one" +
                               (IsName(setting) ? " and queries with it find nothing" : ""));
@@ -58,10 +58,11 @@ void CheckSpelling(const CheckedSettings& settings, const xmlNode* element) {
 
 /// The setting that the file lacks and whose name the element has; null if there is none.
 const Setting* LackedSetting(const CheckedSettings& settings, const xmlNode* element) {
-  for (const Setting& setting : AllSettings()) {
-    if (LastName(setting) == NameOf(element) && !IsFound(settings, setting)) return &setting;
-  }
-  return nullptr;
+  const auto& all = AllSettings();
+  const auto lacked = std::find_if(all.begin(), all.end(), [&](const Setting& setting) {
+    return LastName(setting) == NameOf(element) && !IsFound(settings, setting);
+  });
+  return lacked == all.end() ? nullptr : &*lacked;
 }
 
 bool IsStrayVariable(const xmlNode* element) {

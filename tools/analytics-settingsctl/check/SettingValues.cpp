@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include <libxml/tree.h>
 
 #include <analytics/DocumentNode.h>
@@ -57,9 +59,24 @@ std::string WithoutBlanksAround(const std::string& text) {
   return text.substr(first, text.find_last_not_of(" \t\r\n") - first + 1);
 }
 
+/// Whether queries take the prefix for another namespace than the settings give it. Of the two
+/// prefixes that XML reserves, "xmlns" is one as any other to them.
+bool IsTakenPrefix(const Setting& setting, const std::string& name) {
+  if (setting.kind != SettingKind::kPrefix || name != "xml") return false;
+  const bool isOnvif = setting.path == "namespaces/onvif/prefix";
+  const std::string uri =
+      isOnvif ? analytics::Settings::OnvifNs() : analytics::Settings::KestalNs();
+  return uri != reinterpret_cast<const char*>(XML_XML_NAMESPACE);
+}
+
 void CheckName(const ReadSetting& read) {
   const std::string name = WithoutBlanksAround(read.text);
   if (name.empty()) return;
+  if (IsTakenPrefix(read.setting, name)) {
+    read.Add("invalid-name", Quoted(name) +
+                                 " always stands for XML's own namespace, so queries with it find "
+                                 "nothing");
+  }
   if (xmlValidateNCName(reinterpret_cast<const xmlChar*>(name.c_str()), 0) == 0) return;
   read.Add("invalid-name", Quoted(name) + " is no XML name without colon, so queries with it fail");
 }
@@ -97,9 +114,26 @@ void CheckKind(const ReadSetting& read) {
   }
 }
 
+/// Whether there is text in the elements of an element, which the library does not read.
+bool HoldsTextDeeper(xmlNode* element) {
+  const std::vector<xmlNode*> elements = AllElements(element);
+  return std::any_of(elements.begin() + 1, elements.end(), [](xmlNode* inner) {
+    return !IsBlank(analytics::DocumentNode(inner).GetValue());
+  });
+}
+
+void CheckNested(const ReadSetting& read) {
+  read.Add("nested-text", "holds elements, whose text the library does not read: it uses " +
+                              (read.text.empty() ? "an empty text" : Quoted(read.text)));
+}
+
 void CheckValue(const CheckedSettings& settings, const Setting& setting, xmlNode* element) {
   const std::string text = analytics::DocumentNode(element).GetValue();
   const ReadSetting read = {setting, LineOf(element), text, settings.findings};
+  const bool isNested = HoldsTextDeeper(element);
+  if (isNested) CheckNested(read);
+  // What is wrong with white space between elements has been said by that.
+  if (isNested && IsBlank(text)) return;
   CheckBlanks(read);
   CheckKind(read);
 }

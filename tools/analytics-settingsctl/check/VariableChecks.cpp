@@ -1,44 +1,47 @@
+#include <algorithm>
 #include <map>
-#include <set>
+
+#include <analytics/DocumentNode.h>
 
 #include "check/Elements.h"
+#include "check/LostAttributes.h"
 #include "check/SettingsChecks.h"
+#include "input/Attributes.h"
 #include "input/Expansion.h"
 #include "input/LineNumbers.h"
+#include "input/VariableExpansions.h"
+#include "input/VariableTable.h"
 
 namespace settingsctl {
 namespace {
 
-/// A variable as the library finds it.
-struct Variable {
-  int line;
-  std::string value;
+/// The variables as the library finds them.
+struct Variables {
+  std::map<std::string, int> lines;  // of those that count
+  VariableTable table;
 };
-
-using Variables = std::map<std::string, Variable>;
 
 bool IsVariable(const xmlNode* element) {
   return IsElement(element, "", "variable") && IsElement(element->parent, "", "variables");
 }
 
-bool HasAttribute(xmlNode* element, const char* name) {
-  return xmlHasProp(element, reinterpret_cast<const xmlChar*>(name)) != nullptr;
-}
-
 /// What is missing in a definition, for a message; empty if it is complete.
-std::string MissingPart(xmlNode* variable) {
-  if (Attribute(variable, "name").empty()) return "name, so no reference can name it";
-  if (!HasAttribute(variable, "value")) return "value, so references to it give an empty text";
-  return {};
+std::string MissingPart(const CheckedSettings& settings, xmlNode* variable) {
+  const bool hasLostName = CheckLostAttribute(settings.findings, variable, "name");
+  const bool hasLostValue = CheckLostAttribute(settings.findings, variable, "value");
+  if (hasLostName || hasLostValue) return {};
+  if (PlainAttribute(variable, "name").empty()) return "name, so no reference can name it";
+  if (HasPlainAttribute(variable, "value")) return {};
+  return "value, so references to it give an empty text";
 }
 
 void CheckDefinition(const CheckedSettings& settings, xmlNode* variable) {
-  const std::string missing = MissingPart(variable);
+  const std::string missing = MissingPart(settings, variable);
   if (!missing.empty()) {
     settings.findings.Add("incomplete-variable", LineOf(variable),
                           "the variable has no " + missing);
   }
-  const std::string name = Attribute(variable, "name");
+  const std::string name = PlainAttribute(variable, "name");
   if (name.find_first_of("}\"") == std::string::npos) return;
   settings.findings.Add("unreachable-variable", LineOf(variable),
                         "no reference can name the variable " + Quoted(name) +
@@ -47,20 +50,21 @@ void CheckDefinition(const CheckedSettings& settings, xmlNode* variable) {
 
 /// Adds a variable unless one of that name was defined before.
 void AddVariable(const CheckedSettings& settings, xmlNode* element, Variables& variables) {
-  const std::string name = Attribute(element, "name");
-  if (name.empty() || !HasAttribute(element, "value")) return;
-  const auto added = variables.insert({name, {LineOf(element), Attribute(element, "value")}});
+  const std::string name = PlainAttribute(element, "name");
+  if (name.empty() || !HasPlainAttribute(element, "value")) return;
+  variables.table.Add(name, PlainAttribute(element, "value"));
+  const auto added = variables.lines.insert({name, LineOf(element)});
   if (added.second) return;
   settings.findings.Add("repeated-variable", LineOf(element),
                         "the variable " + Quoted(name) + " is ignored: the one on line " +
-                            std::to_string(added.first->second.line) + " counts");
+                            std::to_string(added.first->second) + " counts");
 }
 
 /// The texts of an element in which references may stand: its own text and its attributes.
 std::vector<std::string> TextsOf(xmlNode* element) {
   std::vector<std::string> texts;
-  for (const xmlAttr* attribute = element->properties; attribute; attribute = attribute->next) {
-    texts.push_back(Attribute(element, reinterpret_cast<const char*>(attribute->name)));
+  for (xmlAttr* attribute = element->properties; attribute; attribute = attribute->next) {
+    texts.push_back(analytics::DocumentNode(attribute).GetValue());
   }
   for (const xmlNode* child = element->children; child; child = child->next) {
     const bool isText = child->type == XML_TEXT_NODE || child->type == XML_CDATA_SECTION_NODE;
@@ -95,7 +99,7 @@ class References {
   }
 
   void CheckName(const std::string& name) const {
-    if (m_variables.count(name) != 0) return;
+    if (m_variables.lines.count(name) != 0) return;
     m_findings.Add("undefined-reference", m_line,
                    "no variable " + Quoted(name) +
                        " is defined, so the reference gives an empty "
@@ -107,34 +111,30 @@ class References {
   const int m_line;
 };
 
-/// Looks for circles. What was followed to its end once need not be followed again, so each
-/// variable's value is gone through once.
-class Circles {
- public:
-  Circles(const CheckedSettings& settings, const Variables& variables)
-      : m_findings(settings.findings), m_variables(variables) {}
+void AddCircle(const CheckedSettings& settings, const Variables& variables,
+               const std::vector<std::string>& cycle) {
+  // Told from its first name on, whichever of its variables it was found by.
+  const std::string& first = *std::min_element(cycle.begin(), cycle.end());
+  settings.findings.Add(
+      "cyclic-reference", variables.lines.at(first),
+      "the substitution of ${" + first + "} never ends: " + CycleText(cycle, first));
+}
 
-  void CheckFrom(const std::string& name) {
-    const Expansion expansion = TryExpansion(
-        "${" + name + "}", [this](const std::string& looked) { return ValueOf(looked); });
-    m_followed.insert(expansion.names.begin(), expansion.names.end());
-    if (expansion.cycle.empty()) return;
-    m_findings.Add("cyclic-reference", m_variables.at(expansion.cycle.front()).line,
-                   "the substitution of ${" + expansion.cycle.front() +
-                       "} never ends: " + CycleText(expansion.cycle));
+/// Looks for substitutions without end. Each is reported once: where it is met again, the
+/// expansion goes on as if it had been mended.
+void CheckExpansions(const CheckedSettings& settings, const Variables& variables) {
+  VariableExpansions expansions(variables.table);
+  for (const auto& [name, line] : variables.lines) {
+    const VariableExpansion& expanded = expansions.Of(name);
+    if (!expanded.expansion.cycle.empty()) {
+      AddCircle(settings, variables, expanded.expansion.cycle);
+    } else if (expanded.expansion.isTooLong && expanded.brokenBy.empty()) {
+      settings.findings.Add("variable-too-long", line,
+                            "the substitution of ${" + name + "} " + kGrowth +
+                                ", which takes the library more time or memory than there is");
+    }
   }
-
- private:
-  std::string ValueOf(const std::string& name) const {
-    if (name.find('"') != std::string::npos) return "";  // no query finds such a name
-    const auto found = m_variables.find(name);
-    return m_followed.count(name) != 0 || found == m_variables.end() ? "" : found->second.value;
-  }
-
-  Findings& m_findings;
-  const Variables& m_variables;
-  std::set<std::string> m_followed;
-};
+}
 
 }  // namespace
 
@@ -149,8 +149,7 @@ void CheckVariables(const CheckedSettings& settings) {
     const References references(settings, variables, LineOf(element));
     for (const std::string& text : TextsOf(element)) references.Check(text);
   }
-  Circles circles(settings, variables);
-  for (const auto& [name, variable] : variables) circles.CheckFrom(name);
+  CheckExpansions(settings, variables);
 }
 
 }  // namespace settingsctl

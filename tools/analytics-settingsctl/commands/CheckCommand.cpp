@@ -1,16 +1,21 @@
+#include <algorithm>
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "Commands.h"
 #include "Failure.h"
 #include "check/FileCheck.h"
 #include "check/Printing.h"
-#include "input/SettingsFile.h"
+#include "commands/Vocabulary.h"
 #include "input/SettingsOption.h"
+#include "output/Messages.h"
 
 namespace settingsctl {
 namespace {
 
 constexpr int kHasFindings = 1;
+constexpr const char* kUnreadable = "unreadable";
 
 struct Arguments {
   std::vector<std::string> files;
@@ -24,7 +29,8 @@ struct Arguments {
 
 const Check& NamedCheck(const std::string& name) {
   const Check* check = FindCheck(name);
-  if (!check) throw Failure("there is no check '" + name + "': see check --list");
+  if (!check)
+    throw Failure("there is no check '" + name + "'; see analytics-settingsctl check --list");
   return *check;
 }
 
@@ -36,11 +42,25 @@ CheckOptions OptionsOf(const Arguments& arguments) {
   return options;
 }
 
+/// Takes out the findings of files that cannot be read. Somebody who does not want them among the
+/// findings still learns why the exit status is what it is.
+void TellUnreadable(std::vector<Finding>& findings) {
+  const auto first = std::stable_partition(
+      findings.begin(), findings.end(),
+      [](const Finding& finding) { return finding.check->name != std::string(kUnreadable); });
+  std::for_each(first, findings.end(), [](const Finding& finding) {
+    PrintMessage(finding.file + ": " + finding.message);
+  });
+  findings.erase(first, findings.end());
+}
+
 void RunChecks(const Arguments& arguments) {
   if (arguments.files.empty()) throw Failure("name a file to check, or - for standard input");
-  const CheckOptions options = OptionsOf(arguments);
+  CheckOptions options = OptionsOf(arguments);
   LoadVocabulary(arguments.settings);
-  const CheckReport report = CheckFiles(arguments.files, options);
+  const bool isUnwanted = options.without.erase(kUnreadable) > 0;
+  CheckReport report = CheckFiles(arguments.files, options);
+  if (isUnwanted) TellUnreadable(report.findings);
   PrintFindings(report.findings, arguments.printing);
   if (!report.isComplete) throw CLI::RuntimeError(kCouldNotRun);
   if (!report.findings.empty()) throw CLI::RuntimeError(kHasFindings);

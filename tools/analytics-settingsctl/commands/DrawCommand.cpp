@@ -5,11 +5,13 @@
 
 #include "Commands.h"
 #include "Failure.h"
+#include "commands/Vocabulary.h"
 #include "draw/Picture.h"
 #include "input/ProfileContents.h"
-#include "input/SettingsFile.h"
 #include "input/SettingsOption.h"
+#include "input/XmlText.h"
 #include "output/FileWriting.h"
+#include "output/TextWidth.h"
 
 namespace settingsctl {
 namespace {
@@ -39,7 +41,7 @@ Size SizeOf(const std::string& text) {
 
 PictureOptions OptionsOf(const Arguments& arguments, const Input& input) {
   PictureOptions options;
-  options.title = "Analytics geometry of " + input.name;
+  options.title = "Analytics geometry of " + FitForXml(Printable(input.name));
   if (!arguments.size.empty()) options.size = SizeOf(arguments.size);
   if (!arguments.background.empty())
     options.background = ReadImage(ReadInput(arguments.background));

@@ -2,14 +2,12 @@
 #include <memory>
 #include <string>
 
-#include <analytics/Settings.h>
-
 #include "Commands.h"
 #include "Failure.h"
 #include "input/Expansion.h"
-#include "input/NamedSettings.h"
 #include "input/SettingsFile.h"
 #include "input/SettingsOption.h"
+#include "input/Variables.h"
 
 namespace settingsctl {
 namespace {
@@ -20,7 +18,8 @@ constexpr const char* kExamples = R"(Examples:
 
 Quote TEXT, or the shell expands it first. An undefined variable becomes an empty
 text, as on the camera. A reference that leads back to itself never ends there;
-here it is named, with exit status 1.
+here it is named, with exit status 1. So it is if the runtime has no settings file
+that it can use, in which no variable is defined.
 )";
 
 struct Arguments {
@@ -29,25 +28,26 @@ struct Arguments {
 };
 
 void RequireEnd(const Expansion& expansion, const SettingsFile& file) {
+  const std::string name = file.input ? file.input->name : file.path;
   if (!expansion.cycle.empty()) {
-    throw Failure(file.input->name +
-                      ": the substitution never ends, because a variable leads back " +
-                      "to itself: " + CycleText(expansion.cycle),
+    throw Failure(name +
+                      ": the substitution never ends, because a variable leads back to itself: " +
+                      CycleText(expansion.cycle) + "; change one of these variables",
                   1);
   }
   if (expansion.isTooLong) {
-    throw Failure(file.input->name + ": the text grows beyond 256 KiB or 10000 references", 1);
+    throw Failure(name + ": the text " + kGrowth + "; expand a part of it", 1);
   }
 }
 
 void Expand(const Arguments& arguments) {
   const SettingsFile file = LoadSettingsFile(arguments.settings);
   const bool hasReference = arguments.text.find("${") != std::string::npos;
-  if (hasReference && !file.problem.empty()) {
-    throw Failure(file.problem + "; name another with --settings");
-  }
-  if (hasReference) RequireEnd(TryExpansion(arguments.text, VariableValue), file);
-  std::cout << analytics::Settings::SubstituteVariables(arguments.text) << "\n";
+  const VariableTable variables = TableOf(file);
+  const Expansion expansion = TryExpansion(arguments.text, variables);
+  if (hasReference) RequireEnd(expansion, file);
+  std::cout << Substitution(variables).Of(arguments.text, expansion) << "\n";
+  if (hasReference) RequireUsable(file);
 }
 
 }  // namespace

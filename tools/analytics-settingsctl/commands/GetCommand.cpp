@@ -21,8 +21,8 @@ constexpr const char* kExamples = R"(Examples:
   analytics-settingsctl get '//variables/variable[@name="root"]/@value' --settings analytics.ini
 
 XPATH is XPath 1.0 without namespace prefixes. The first match counts; its text is
-printed as it is. Exit status: 1 if the runtime would get an empty text, 2 if XPATH
-or the file cannot be used.
+printed as it is. Exit status: 1 if the runtime would get an empty text or has no
+settings file that it can use, 2 if XPATH or the FILE of --settings cannot be used.
 )";
 
 struct Arguments {
@@ -40,10 +40,10 @@ struct DeleteExpression {
 void RequireExpression(const std::string& path) {
   const std::unique_ptr<xmlXPathCompExpr, DeleteExpression> compiled(
       xmlXPathCompile(reinterpret_cast<const xmlChar*>(path.c_str())));
-  if (!compiled) throw Failure("'" + path + "' is not an XPath 1.0 expression");
+  if (!compiled)
+    throw Failure("'" + path +
+                  "' is not an XPath 1.0 expression; see analytics-settingsctl get --help");
 }
-
-std::string Name(const SettingsFile& file) { return file.input->name; }
 
 void PrintTexts(const Arguments& arguments, const SettingsFile& file) {
   std::vector<std::string> texts = analytics::Settings::GetValues(arguments.path);
@@ -54,15 +54,18 @@ void PrintTexts(const Arguments& arguments, const SettingsFile& file) {
     std::cout << first << "\n";
   }
   if (arguments.all ? !texts.empty() : !first.empty()) return;
-  throw Failure(Name(file) + ": " + arguments.path + " has no text, so the runtime gets none", 1);
+  RequireUsable(file);
+  throw Failure(file.input->name + ": " + arguments.path +
+                    " has no text, so the runtime gets none; add one if it needs it",
+                1);
 }
 
 void Get(const Arguments& arguments) {
   RequireExpression(arguments.path);
   const SettingsFile file = LoadSettingsFile(arguments.settings);
-  if (!file.problem.empty()) throw Failure(file.problem + "; name another with --settings");
   if (!arguments.number) return PrintTexts(arguments, file);
   std::cout << analytics::Settings::GetValue(arguments.path, *arguments.number) << "\n";
+  RequireUsable(file);
 }
 
 }  // namespace

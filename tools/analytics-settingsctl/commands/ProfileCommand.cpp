@@ -5,8 +5,8 @@
 #include <analytics/ProfileDoc.h>
 
 #include "Commands.h"
+#include "commands/Vocabulary.h"
 #include "input/ProfileContents.h"
-#include "input/SettingsFile.h"
 #include "input/SettingsOption.h"
 #include "output/ProfileTable.h"
 

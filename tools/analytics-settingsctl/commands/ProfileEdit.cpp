@@ -3,12 +3,13 @@
 #include <iostream>
 
 #include "Failure.h"
+#include "commands/Vocabulary.h"
 #include "input/MemoryFile.h"
 #include "input/ProfileContents.h"
-#include "input/SettingsFile.h"
 #include "input/SettingsOption.h"
 #include "output/Colours.h"
 #include "output/FileWriting.h"
+#include "output/LineBreaks.h"
 #include "output/LineEdits.h"
 #include "output/TextWidth.h"
 #include "output/UnifiedDiff.h"
@@ -61,18 +62,21 @@ std::string ProfileEdit::SavedText() {
   const MemoryFile file;
   m_profile.SaveToFile(file.Path());
   std::string text = file.Text();
-  if (analytics::ProfileDoc().ParseString(text)) return text;
-  throw Failure(m_input.name + ": the edited profile could not be made; nothing was changed");
+  if (analytics::ProfileDoc().ParseString(text)) return WithLineBreaksOf(m_input.text, text);
+  throw Failure(m_input.name + ": the edited profile could not be made, and nothing was changed; " +
+                "free some memory, or raise the limit on the size of files");
 }
 
 void ProfileEdit::Finish(const std::string& message) {
   const std::string text = SavedText();
   const std::string output = m_arguments.output.empty() ? m_input.path : m_arguments.output;
-  if (m_arguments.isDryRun) return PrintDiff(UnifiedDiff(m_input.name, m_input.text, output, text));
+  if (m_arguments.isDryRun)
+    return PrintDiff(UnifiedDiff(Printable(m_input.name), m_input.text, Printable(output), text));
   WriteFile(output, text);
   // Standard output holds the profile then.
   std::ostream& report = output == "-" ? std::cerr : std::cout;
-  report << Printable(output == "-" ? m_input.name : output) << ": " << Printable(message) << "\n";
+  report << Printable(output == "-" ? m_input.name : output) << ": " << Printable(message)
+         << (HasOtherLineBreaks(m_input.text, text) ? "; its line breaks became LF" : "") << "\n";
 }
 
 }  // namespace settingsctl

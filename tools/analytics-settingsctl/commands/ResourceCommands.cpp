@@ -1,9 +1,11 @@
 #include <iostream>
 #include <memory>
+#include <string>
 
 #include <analytics/ResourceUsageServer.h>
 
 #include "Commands.h"
+#include "Failure.h"
 #include "output/Json.h"
 
 namespace settingsctl {
@@ -34,7 +36,15 @@ void ShowAvailable(const Arguments& arguments) {
   std::cout << "Free units: " << units << "\n";
 }
 
+/// The library passes any number on, and the platform then silently does nothing.
+void RequireCount(int count) {
+  if (count >= 0) return;
+  throw Failure("reserve " + std::to_string(count) +
+                ": a number of units is 0 or more; reserve 0 gives all units back");
+}
+
 void Reserve(const Arguments& arguments) {
+  RequireCount(arguments.count);
   analytics::ResourceUsageServer server;
   const int before = server.AvailableResources();
   server.ReserveResources(arguments.count);
@@ -65,7 +75,7 @@ void AddAvailableCommand(CLI::App& app) {
 void AddReserveCommand(CLI::App& app) {
   const auto arguments = std::make_shared<Arguments>();
   CLI::App* const command = app.add_subcommand("reserve", "Claim resource units for the analytics");
-  command->add_option("N", arguments->count, "Number of units; replaces a former claim")
+  command->add_option("N", arguments->count, "Number of units, 0 or more; replaces a former claim")
       ->required();
   command->add_flag("--json", arguments->asJson, "For other programs");
   command->footer(kReserveExamples);

@@ -8,7 +8,7 @@
 #include "Failure.h"
 #include "commands/ProfileEdit.h"
 #include "input/Nodes.h"
-#include "input/XmlInput.h"
+#include "input/XmlText.h"
 
 namespace settingsctl {
 namespace {
@@ -20,8 +20,9 @@ constexpr const char* kExamples = R"(Examples:
   analytics-settingsctl set - --rule LineCrossing --item Offset -- -5 <gate.xml >new.xml
 
 The first rule of the type is changed. The item must exist: the library sets no
-others. FILE is replaced at once or stays as it was. A VALUE that starts with a dash
-goes behind --. Exit status: 1 if there is no such rule or item.
+others. FILE is replaced at once or stays as it was; a further hard link to it keeps
+the old text. A VALUE that starts with a dash goes behind --. Exit status: 1 if there
+is no such rule or item.
 )";
 
 struct Arguments : EditArguments {
@@ -29,17 +30,6 @@ struct Arguments : EditArguments {
   std::string item;
   std::string value;
 };
-
-/// Texts that XML cannot hold, and that would leave a file that nobody can read.
-void RequireXmlText(const std::string& value) {
-  const auto* const bytes = reinterpret_cast<const xmlChar*>(value.c_str());
-  bool isFine = xmlCheckUTF8(bytes) != 0;
-  for (const char letter : value) {
-    const auto code = static_cast<unsigned char>(letter);
-    isFine = isFine && (code >= 0x20 || letter == '\t' || letter == '\n' || letter == '\r');
-  }
-  if (!isFine) throw Failure("the value is no text that XML can hold; use UTF-8 without controls");
-}
 
 NodePtr RuleOf(ProfileEdit& edit, const std::string& type) {
   edit.RequireType(type);
@@ -56,7 +46,8 @@ NodePtr RuleOf(ProfileEdit& edit, const std::string& type) {
   const std::string which = edit.Name() + ": the first rule of type '" + arguments.rule +
                             "' has no item '" + arguments.item + "'";
   if (arguments.item.find('\'') != std::string::npos) {
-    throw Failure(which + " that the library finds, because of its single quote", 1);
+    throw Failure(which + " that the library finds, because of its single quote; rename it by hand",
+                  1);
   }
   throw Failure(which + "; add <" + analytics::Settings::OnvifPrefix() + ":SimpleItem Name=\"" +
                     arguments.item + R"(" Value=""/> to its Parameters first)",
@@ -73,8 +64,9 @@ std::string Message(ProfileEdit& edit, const Arguments& arguments, const std::st
 }
 
 void Set(const Arguments& arguments) {
-  RequireXmlText(arguments.value);
   ProfileEdit edit(arguments);
+  const std::string problem = ProblemInXml(arguments.value);
+  if (!problem.empty()) throw Failure(edit.Name() + ": " + problem);
   const NodePtr rule = RuleOf(edit, arguments.rule);
   analytics::ProfileDoc& profile = edit.Profile();
   const std::string former = profile.GetSimpleItemValue(arguments.item, rule.get(), true);

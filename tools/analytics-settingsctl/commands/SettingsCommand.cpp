@@ -5,6 +5,7 @@
 #include "Commands.h"
 #include "input/NamedSettings.h"
 #include "input/SettingsFile.h"
+#include "input/Variables.h"
 #include "output/Json.h"
 #include "output/Table.h"
 #include "output/TextWidth.h"

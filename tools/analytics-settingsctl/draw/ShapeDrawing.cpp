@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
+#include "Transformed.h"
 #include "draw/Strokes.h"
 
 namespace settingsctl {
@@ -13,9 +15,7 @@ constexpr double kArrowHalfWidth = 6;
 constexpr double kTick = 7;
 
 std::vector<Place> Places(const Frame& frame, const DrawnShape& shape) {
-  std::vector<Place> places;
-  for (const auto& point : shape.points) places.push_back(frame.PlaceOf(point));
-  return places;
+  return Transformed(shape.points, [&frame](const auto& point) { return frame.PlaceOf(point); });
 }
 
 /// The direction from one place to another, of length 1; to the right if they are the same.
@@ -118,8 +118,10 @@ class Drawing {
 };
 
 Place Middle(const std::vector<Place>& places) {
-  Place sum = {0, 0};
-  for (const Place& place : places) sum = {sum.x + place.x, sum.y + place.y};
+  const Place sum = std::accumulate(places.begin(), places.end(), Place{0, 0},
+                                    [](const Place& before, const Place& place) {
+                                      return Place{before.x + place.x, before.y + place.y};
+                                    });
   const auto count = static_cast<double>(places.size());
   return {sum.x / count, sum.y / count};
 }

@@ -13,18 +13,20 @@ Outline OutlineOf(const Shape& shape) {
   return shape.points.size() == 2 ? Outline::kLine : Outline::kPolyline;
 }
 
-/// The library leaves a piece that the profile lacks at a single point, which is not drawn.
-void AddPiece(Outline outline, const Point (&ends)[2], const std::string& label,
-              DrawnOwner& owner) {
-  if (ends[0].x == ends[1].x && ends[0].y == ends[1].y) return;
-  owner.shapes.push_back({outline, {ends[0], ends[1]}, label, true});
+/// Where a piece lacks anything, nobody knows where to draw it.
+void AddPiece(Outline outline, const GivenPair& ends, const std::string& label, DrawnOwner& owner) {
+  if (!IsWhole(ends)) return;
+  const Point first = {*ends[0].x, *ends[0].y};
+  const Point second = {*ends[1].x, *ends[1].y};
+  owner.shapes.push_back({outline, {first, second}, label, true});
 }
 
-void AddCalibration(const analytics::Calibration& calibration, DrawnOwner& owner) {
-  const std::string height = "height " + std::to_string(calibration.PhysicalHeight());
-  AddPiece(Outline::kRectangle, calibration.NearLeftSize(), height, owner);
-  AddPiece(Outline::kLine, calibration.NearWidth(), "near width", owner);
-  AddPiece(Outline::kLine, calibration.FarWidth(), "far width", owner);
+void AddCalibration(const CalibrationContents& calibration, DrawnOwner& owner) {
+  const std::optional<int>& height = calibration.physicalHeight;
+  const std::string label = height ? "height " + std::to_string(*height) : "height missing";
+  AddPiece(Outline::kRectangle, calibration.nearLeft, label, owner);
+  AddPiece(Outline::kLine, calibration.nearWidth, "near width", owner);
+  AddPiece(Outline::kLine, calibration.farWidth, "far width", owner);
 }
 
 /// The item's name is told where a rule has more than one shape.

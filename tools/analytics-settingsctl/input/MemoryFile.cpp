@@ -1,5 +1,8 @@
 #include "input/MemoryFile.h"
 
+#include <cerrno>
+#include <cstring>
+
 #include <sys/mman.h>
 #include <sys/stat.h>
 
@@ -8,7 +11,10 @@
 namespace settingsctl {
 namespace {
 
-[[noreturn]] void Refuse() { throw Failure("there is not enough memory for a file in memory"); }
+[[noreturn]] void Refuse() {
+  throw Failure(std::string("no copy of a file can be kept in memory: ") + std::strerror(errno) +
+                "; free some memory, or raise the limit on the size of files");
+}
 
 }  // namespace
 

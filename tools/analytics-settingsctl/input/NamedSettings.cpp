@@ -1,13 +1,12 @@
 #include "input/NamedSettings.h"
 
 #include <functional>
-#include <set>
 
 #include <analytics/Document.h>
 #include <analytics/DocumentNode.h>
 #include <analytics/Settings.h>
 
-#include "input/Expansion.h"
+#include "Transformed.h"
 #include "input/LineNumbers.h"
 #include "input/Nodes.h"
 #include "input/XmlInput.h"
@@ -80,8 +79,6 @@ class Places {
     return lines;
   }
 
-  analytics::Document& Document() { return m_document; }
-
  private:
   bool m_hasFile = false;
   analytics::Document m_document;
@@ -120,43 +117,12 @@ NamedSetting Named(const Known& known, Places& places) {
   return setting;
 }
 
-Variable Expanded(Variable variable) {
-  const Expansion expansion = TryExpansion("${" + variable.name + "}", VariableValue);
-  if (!expansion.cycle.empty()) {
-    variable.problem = "never ends: " + CycleText(expansion.cycle);
-  } else if (expansion.isTooLong) {
-    variable.problem = "grows beyond 256 KiB or 10000 references";
-  } else {
-    variable.expanded = Settings::SubstituteVariables("${" + variable.name + "}");
-  }
-  return variable;
-}
-
 }  // namespace
 
 std::vector<NamedSetting> NamedSettings(const SettingsFile& file) {
   Places places(file);
-  std::vector<NamedSetting> settings;
-  for (const Known& known : KnownSettings()) settings.push_back(Named(known, places));
-  return settings;
-}
-
-std::vector<Variable> Variables(const SettingsFile& file) {
-  Places places(file);
-  std::vector<Variable> variables;
-  std::set<std::string> names;
-  for (const NodePtr& node :
-       Owned(places.Document().SelectNodes("//variables/variable[@name]", nullptr))) {
-    const std::string name = node->GetProperty("name");
-    if (name.empty() || !names.insert(name).second) continue;
-    const int line = LineOf(static_cast<xmlNode*>(node->Handle()));
-    variables.push_back(Expanded({name, node->GetProperty("value"), {}, {}, line}));
-  }
-  return variables;
-}
-
-std::string VariableValue(const std::string& name) {
-  return Settings::GetValue("//variables/variable[@name=\"" + name + "\"]/@value");
+  return Transformed(KnownSettings(),
+                     [&places](const Known& known) { return Named(known, places); });
 }
 
 }  // namespace settingsctl

@@ -19,19 +19,4 @@ struct NamedSetting {
 /// All named settings as the library, which has loaded `file`, answers.
 std::vector<NamedSetting> NamedSettings(const SettingsFile& file);
 
-/// A variable that texts can refer to.
-struct Variable {
-  std::string name;
-  std::string value;     ///< as it is written
-  std::string expanded;  ///< as the library substitutes it; empty where there is a problem
-  std::string problem;   ///< "never ends: a -> a" and the like; else empty
-  int line;
-};
-
-/// The variables of the file, in document order; of several with one name only the first counts.
-std::vector<Variable> Variables(const SettingsFile& file);
-
-/// Value of a variable as the library finds it.
-std::string VariableValue(const std::string& name);
-
 }  // namespace settingsctl

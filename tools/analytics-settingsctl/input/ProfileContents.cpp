@@ -7,6 +7,8 @@
 #include <analytics/Settings.h>
 
 #include "Failure.h"
+#include "Transformed.h"
+#include "input/Attributes.h"
 #include "input/Nodes.h"
 #include "input/XmlInput.h"
 
@@ -45,7 +47,7 @@ Shape ShapeOf(ProfileDoc& profile, const std::string& item, DocumentNode& elemen
 
 void AddShapes(ProfileDoc& profile, DocumentNode* owner, Entity& entity) {
   for (const NodePtr& item : Owned(profile.SelectNodes(ProfileDoc::ElementItemQry(true), owner))) {
-    const std::string name = item->GetProperty("Name");
+    const std::string name = PlainAttribute(HandleOf(*item), "Name");
     for (const NodePtr& element : Owned(profile.SelectNodes(
              "self::*[" + Settings::OnvifPrefix() + ":Point] | " + ShapesQry(), item.get()))) {
       entity.shapes.push_back(ShapeOf(profile, name, *element));
@@ -53,12 +55,12 @@ void AddShapes(ProfileDoc& profile, DocumentNode* owner, Entity& entity) {
   }
 }
 
-/// GetCalibration() answers true in any case, so whether there is one is asked first.
+/// Of a calibration that is there, all pieces may be missing.
 void AddCalibration(ProfileDoc& profile, DocumentNode* owner, Entity& entity) {
   const std::string item = ProfileDoc::ElementItemQry(true) + "[@Name=\"Calibration\"]";
   const NodePtr found(
       profile.SelectNode(item + "/" + Settings::KestalPrefix() + ":Calibration", owner));
-  if (found) profile.GetCalibration(entity.calibration.emplace(), owner);
+  if (found) entity.calibration = ReadCalibrationContents(profile, owner);
 }
 
 /// Whether the first item of a name is what the library finds under it: not without a name, nor
@@ -71,7 +73,7 @@ bool CanBeAskedFor(const std::string& name) {
 /// named. Asking for each by its name would go through all items every time.
 void AddItem(ProfileDoc& profile, DocumentNode* owner, DocumentNode& item,
              std::set<std::string>& known, Entity& entity) {
-  const std::string name = item.GetProperty("Name");
+  const std::string name = PlainAttribute(HandleOf(item), "Name");
   if (!known.insert(name).second) return;
   entity.items.emplace_back(name, CanBeAskedFor(name)
                                       ? item.GetProperty("Value")
@@ -79,8 +81,8 @@ void AddItem(ProfileDoc& profile, DocumentNode* owner, DocumentNode& item,
 }
 
 Entity EntityOf(ProfileDoc& profile, DocumentNode* owner) {
-  Entity entity{owner->GetProperty("Type"),
-                owner->GetProperty("Name"),
+  Entity entity{PlainAttribute(HandleOf(*owner), "Type"),
+                PlainAttribute(HandleOf(*owner), "Name"),
                 LineOf(HandleOf(*owner)),
                 profile.GetSimpleItemValue("Active", 0, owner, true) != 0,
                 {},
@@ -96,9 +98,8 @@ Entity EntityOf(ProfileDoc& profile, DocumentNode* owner) {
 }
 
 std::vector<Entity> Entities(ProfileDoc& profile, const std::vector<DocumentNode*>& selected) {
-  std::vector<Entity> entities;
-  for (const NodePtr& node : Owned(selected)) entities.push_back(EntityOf(profile, node.get()));
-  return entities;
+  return Transformed(Owned(selected),
+                     [&profile](const NodePtr& node) { return EntityOf(profile, node.get()); });
 }
 
 }  // namespace

@@ -5,11 +5,11 @@
 #include <utility>
 #include <vector>
 
-#include <analytics/Calibration.h>
 #include <analytics/types/Point.h>
 
 #include <analytics/ProfileDoc.h>
 
+#include "input/CalibrationContents.h"
 #include "input/Input.h"
 
 namespace settingsctl {
@@ -30,7 +30,7 @@ struct Entity {
   bool isActive;  ///< of a rule: its item "Active" starts with an integer other than 0
   std::vector<std::pair<std::string, std::string>> items;  ///< simple items with their values
   std::vector<Shape> shapes;
-  std::optional<analytics::Calibration> calibration;
+  std::optional<CalibrationContents> calibration;
 };
 
 /// All that the library finds in a profile.

@@ -1,7 +1,6 @@
 #include "input/SettingsFile.h"
 
 #include <cstdlib>
-#include <iostream>
 
 #include <analytics/Settings.h>
 
@@ -13,10 +12,8 @@
 namespace settingsctl {
 namespace {
 
-constexpr char kVariable[] = "ANALYTICS_INI";
-
 std::string OriginOf(const std::string& path) {
-  const char* const variable = std::getenv(kVariable);
+  const char* const variable = std::getenv(kSettingsVariable);
   if (!variable) return "the built-in path, as ANALYTICS_INI is not set";
   if (path == variable) return "ANALYTICS_INI";
   if (path == analytics::kBuiltInSettingsPath) {
@@ -34,15 +31,16 @@ SettingsFile Found(const std::string& file) {
 }
 
 /// Lets the library's first use load these bytes, so that it never reads another file.
-void Load(const std::string& path) {
-  setenv(kVariable, path.c_str(), 1);
-  analytics::Settings::LoadSettings(path);
+bool Load(const std::string& path) {
+  setenv(kSettingsVariable, path.c_str(), 1);
+  return analytics::Settings::LoadSettings(path);
 }
 
 void LoadText(const Input& input) {
   XmlInput(input).RequireDocument(input);
   const MemoryFile file(input.text);
-  Load(file.Path());
+  if (Load(file.Path())) return;
+  throw Failure(input.name + ": cannot be parsed by the library; see what `check` finds in it");
 }
 
 /// A path at which there is never a file.
@@ -64,12 +62,11 @@ SettingsFile LoadSettingsFile(const std::string& file) {
   return settings;
 }
 
-void LoadVocabulary(const std::string& file) {
-  const bool isNamed = std::getenv(kVariable) != nullptr;
-  const SettingsFile settings = LoadSettingsFile(file);
-  if (!isNamed || settings.problem.empty()) return;
-  std::cerr << "analytics-settingsctl: note: the built-in settings apply, because "
-            << settings.problem << "\n";
+void RequireUsable(const SettingsFile& file) {
+  if (file.problem.empty()) return;
+  throw Failure("the runtime has no settings file here, because " + file.problem +
+                    ", or name one with --settings",
+                1);
 }
 
 }  // namespace settingsctl

@@ -7,12 +7,15 @@
 
 namespace settingsctl {
 
+/// The environment variable that names the settings file.
+constexpr char kSettingsVariable[] = "ANALYTICS_INI";
+
 /// The settings file that the library has loaded.
 struct SettingsFile {
   std::string path;            ///< as it was named or as the library resolves it
   std::string origin;          ///< how it was found, such as "ANALYTICS_INI"
   std::optional<Input> input;  ///< what was read; none where the file cannot be used
-  std::string problem;         ///< why it cannot be used: a sentence; else empty
+  std::string problem;         ///< why it cannot be used and what to do: a sentence; else empty
 };
 
 /// Has the library load the settings for this process from the very bytes that are returned.
@@ -22,8 +25,8 @@ struct SettingsFile {
 ///              and the built-in settings apply.
 SettingsFile LoadSettingsFile(const std::string& file);
 
-/// As `LoadSettingsFile`, for commands that only need the vocabulary of profiles: if ANALYTICS_INI
-/// is set but its file cannot be used, a note goes to standard error.
-void LoadVocabulary(const std::string& file);
+/// Throws `Failure` of status 1 if the file has a problem, for commands that have printed what the
+/// runtime gets all the same.
+void RequireUsable(const SettingsFile& file);
 
 }  // namespace settingsctl

@@ -1,5 +1,6 @@
 #include "input/XmlInput.h"
 
+#include <algorithm>
 #include <cstring>
 
 #include <libxml/SAX2.h>
@@ -40,18 +41,50 @@ struct DeleteContext {
 std::string OneLine(const char* message) {
   std::string line = message ? message : "";
   line.erase(line.find_last_not_of(" \n") + 1);
-  for (char& letter : line) {
-    if (letter == '\n') letter = ' ';
-  }
+  std::replace(line.begin(), line.end(), '\n', ' ');
   return line;
 }
 
-/// Keeps what was complained about first, because what follows is mostly its consequence.
+/// A limit of libxml2, which knows it by no code: part of its message, and what to tell instead.
+struct Limit {
+  const char* part;
+  const char* message;
+};
+
+constexpr const char* kTooLong =
+    "a text, an attribute, a comment or a section is longer than 10 MB; shorten it";
+
+constexpr Limit kLimits[] = {
+    {"Excessive depth", "elements lie more than 256 deep in each other; nest them less deeply"},
+    {"huge text node", kTooLong},
+    {"too big found", kTooLong},
+    {"value too long", kTooLong},
+    {"Value length too long", kTooLong},
+    {"Huge input lookup", kTooLong},
+    {"Name too long", "a name is longer than 50000 bytes; shorten it"},
+    {"entity reference loop",
+     "entities lead back to themselves or multiply beyond measure; write out what they stand for"}};
+
+XmlProblem ProblemOf(const xmlError& error) {
+  const std::string message = OneLine(error.message);
+  for (const Limit& limit : kLimits) {
+    if (message.find(limit.part) != std::string::npos) return {error.line, limit.message, true};
+  }
+  return {error.line, message, false};
+}
+
+/// Errors of namespaces leave a document to the library.
+bool IsRemark(const xmlError& error) {
+  return error.level < XML_ERR_ERROR || error.domain == XML_FROM_NAMESPACE;
+}
+
+/// Keeps what was complained about first, because what follows is mostly its consequence. At a
+/// limit, libxml2 may leave out the rest of the document without calling it a failure.
 void KeepFirst(void* context, xmlErrorPtr error) {
   XmlProblem& problem = *static_cast<XmlProblem*>(static_cast<xmlParserCtxt*>(context)->_private);
-  if (!problem.message.empty() || error->level < XML_ERR_ERROR) return;
-  problem.line = error->line;
-  problem.message = OneLine(error->message);
+  if (IsRemark(*error)) return;
+  const XmlProblem found = ProblemOf(*error);
+  if (problem.message.empty() || (found.isLimit && !problem.isLimit)) problem = found;
 }
 
 void Discard(void* /*context*/, xmlErrorPtr /*error*/) {}
@@ -77,18 +110,32 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
   if (parser->node && parser->input) SetLine(parser->node, LineOfTag(*parser->input));
 }
 
-/// Parses; gives null, with a problem, for text that is not well-formed.
-xmlDoc* Parse(const Input& input, int options, XmlProblem& problem) {
+/// A text that is in memory as one piece passes libxml2's limit, where that of a file would not.
+void AddText(void* context, const xmlChar* text, int length) {
+  auto* parser = static_cast<xmlParserCtxt*>(context);
+  XmlProblem& problem = *static_cast<XmlProblem*>(parser->_private);
+  if (length > XML_MAX_TEXT_LENGTH && !problem.isLimit) {
+    problem = {parser->input->line, kTooLong, true};
+  }
+  xmlSAX2Characters(context, text, length);
+}
+
+/// Parses; gives null, with a problem, for text that is not well-formed or beyond a limit.
+DocumentPtr Parse(const Input& input, int options, XmlProblem& problem) {
   const std::unique_ptr<xmlParserCtxt, DeleteContext> context(xmlNewParserCtxt());
   if (!context) throw std::bad_alloc();
-  context->_private = &problem;
+  XmlProblem found;
+  context->_private = &found;
   context->sax->serror = KeepFirst;
   context->sax->startElementNs = StartElement;
-  xmlDoc* const document =
-      xmlCtxtReadMemory(context.get(), input.text.data(), static_cast<int>(input.text.size()),
-                        nullptr, nullptr, options | XML_PARSE_NONET | XML_PARSE_BIG_LINES);
-  if (document) return document;
-  if (problem.message.empty()) problem = {0, "it is not XML"};
+  context->sax->characters = AddText;
+  context->sax->ignorableWhitespace = AddText;
+  DocumentPtr document(xmlCtxtReadMemory(context.get(), input.text.data(),
+                                         static_cast<int>(input.text.size()), nullptr, nullptr,
+                                         options | XML_PARSE_NONET | XML_PARSE_BIG_LINES));
+  if (document && !found.isLimit) return document;
+  if (found.message.empty()) found = {0, "it is not XML", false};
+  problem = found;
   return nullptr;
 }
 
@@ -100,25 +147,18 @@ bool DeclaresEntities(const xmlDoc* document) {
 
 XmlInput::XmlInput(const Input& input) {
   const NoOtherFiles guarded;
-  XmlProblem remark;  // an error of namespaces, which leaves a document, is not a problem
-  m_document.reset(Parse(input, 0, remark));
-  if (!m_document) {
-    m_problem = remark;
-    return;
-  }
-  if (!DeclaresEntities(m_document.get())) return;
+  m_document = Parse(input, 0, m_problem);
+  if (!m_document || !DeclaresEntities(m_document.get())) return;
   // Entities that multiply are found where they are put in; this tree of theirs is thrown away.
-  XmlProblem growth;
-  const std::unique_ptr<xmlDoc, Delete> substituted(Parse(input, XML_PARSE_NOENT, growth));
-  if (substituted) return;
-  m_problem = growth;
-  m_document.reset();
+  if (!Parse(input, XML_PARSE_NOENT, m_problem)) m_document.reset();
 }
 
 void XmlInput::RequireDocument(const Input& input) const {
   if (m_document) return;
   const std::string line = m_problem.line > 0 ? ":" + std::to_string(m_problem.line) : "";
-  throw Failure(input.name + line + ": is not well-formed XML: " + m_problem.message);
+  const std::string place = input.name + line + ": ";
+  if (m_problem.isLimit) throw Failure(place + "cannot be used: " + m_problem.message);
+  throw Failure(place + "is not well-formed XML: " + m_problem.message + "; correct it");
 }
 
 void PrepareXml() {

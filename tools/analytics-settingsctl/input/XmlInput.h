@@ -12,14 +12,22 @@ namespace settingsctl {
 
 /// Where and why a text is not well-formed XML.
 struct XmlProblem {
-  int line = 0;         ///< 0 where no line is known
-  std::string message;  ///< one line without a full stop; empty where there is no problem
+  int line = 0;          ///< 0 where no line is known
+  std::string message;   ///< one line without a full stop; empty where there is no problem
+  bool isLimit = false;  ///< it is more than libxml2 reads, and the message says what to do
 };
+
+/// Frees a tree.
+struct DeleteDocument {
+  void operator()(xmlDoc* document) const noexcept { xmlFreeDoc(document); }
+};
+
+using DocumentPtr = std::unique_ptr<xmlDoc, DeleteDocument>;
 
 /// The tree of an input, for what the library cannot know: lines (`LineOf`) and structure.
 ///
 /// The text is parsed without network, external files and substituted entities, and is refused
-/// where entities would make it grow beyond measure or elements lie deeper than libxml2 goes.
+/// where entities would make it grow beyond measure or it is deeper or longer than libxml2 reads.
 /// libxml2 writes nothing to standard error.
 class XmlInput {
  public:
@@ -36,10 +44,7 @@ class XmlInput {
   void RequireDocument(const Input& input) const;
 
  private:
-  struct Delete {
-    void operator()(xmlDoc* document) const noexcept { xmlFreeDoc(document); }
-  };
-  std::unique_ptr<xmlDoc, Delete> m_document;
+  DocumentPtr m_document;
   XmlProblem m_problem;
 };
 

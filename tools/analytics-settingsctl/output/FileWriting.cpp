@@ -1,10 +1,10 @@
 #include "output/FileWriting.h"
 
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <memory>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -18,9 +18,35 @@ namespace {
 
 constexpr mode_t kAllPermissions = 07777;
 constexpr mode_t kNewFile = 0666;
+constexpr int kMostLinks = 40;  // as many as the kernel follows
+constexpr const char* kUnchanged = ", and nothing was changed";
+
+/// What helps against an error of writing.
+const char* Remedy(int error) {
+  switch (error) {
+    case ENOSPC:
+    case EDQUOT:
+      return "free some space";
+    case EFBIG:
+      return "raise the limit on the size of files";
+    case EISDIR:
+      return "name a file in it";
+    case ENOENT:
+    case ENOTDIR:
+      return "make its directory first";
+    case ELOOP:
+      return "remove the symbolic links that lead to each other";
+    case ENXIO:
+      return "start the reader of this pipe first";
+    default:
+      return "allow it, or write elsewhere with -o";
+  }
+}
 
 [[noreturn]] void Refuse(const std::string& path, const std::string& consequence) {
-  throw Failure(path + ": cannot be written: " + std::strerror(errno) + consequence);
+  const int error = errno;
+  throw Failure(path + ": cannot be written" + consequence + ": " + std::strerror(error) + "; " +
+                Remedy(error));
 }
 
 bool WriteAll(const FileDescriptor& file, const std::string& text) {
@@ -32,17 +58,30 @@ bool WriteAll(const FileDescriptor& file, const std::string& text) {
   return true;
 }
 
-/// The file that a path leads to, through symbolic links; the path itself if there is none yet.
-std::string Target(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
-                                                             &std::free);
-  return resolved ? resolved.get() : path;
-}
-
 std::string DirectoryOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos) return ".";
   return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// What a symbolic link holds; empty for what is none.
+std::string LinkText(const std::string& path) {
+  std::string text(PATH_MAX, '\0');
+  const ssize_t length = readlink(path.c_str(), text.data(), text.size());
+  text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+  return text;
+}
+
+/// The file that a path leads to through symbolic links, whether it exists yet or not.
+std::string Target(const std::string& path) {
+  std::string target = path;
+  for (int links = 0; links <= kMostLinks; ++links) {
+    const std::string next = LinkText(target);
+    if (next.empty()) return target;
+    target = next.front() == '/' ? next : DirectoryOf(target).append("/").append(next);
+  }
+  errno = ELOOP;
+  Refuse(path, kUnchanged);
 }
 
 mode_t ModeOfNewFile() {
@@ -104,7 +143,7 @@ void Replace(const std::string& path, const std::string& text, const Rights& rig
   const std::string target = Target(path);
   Replacement replacement(target);
   if (!replacement.Write(text, rights) || !replacement.TakePlaceOf(target)) {
-    Refuse(path, "; nothing was changed");
+    Refuse(path, kUnchanged);
   }
   SyncDirectory(target);
 }

@@ -1,19 +1,29 @@
 #include "output/ProfileTable.h"
 
+#include "Transformed.h"
 #include "output/Table.h"
 #include "output/TextWidth.h"
 
 namespace settingsctl {
 namespace {
 
-using analytics::Calibration;
 using analytics::types::Point;
 
 std::string Text(const Point& point) {
   return "(" + std::to_string(point.x) + "," + std::to_string(point.y) + ")";
 }
 
-std::string Text(const Point (&pair)[2]) { return Text(pair[0]) + " " + Text(pair[1]); }
+std::string Text(const std::optional<int>& number) {
+  return number ? std::to_string(*number) : "-";
+}
+
+std::string Text(const GivenPoint& point) {
+  return "(" + Text(point.x) + "," + Text(point.y) + ")";
+}
+
+std::string Text(const GivenPair& pair) {
+  return IsMissing(pair) ? "missing" : Text(pair[0]) + " " + Text(pair[1]);
+}
 
 std::string Text(const Shape& shape) {
   std::string text = (shape.item.empty() ? "-" : Printable(shape.item)) + ": " + shape.element;
@@ -21,11 +31,12 @@ std::string Text(const Shape& shape) {
   return text;
 }
 
-std::string Text(const Calibration& calibration) {
-  return "Calibration: object at near left " + Text(calibration.NearLeftSize()) +
-         "\nCalibration: near width " + Text(calibration.NearWidth()) +
-         "\nCalibration: far width " + Text(calibration.FarWidth()) +
-         "\nCalibration: physical height " + std::to_string(calibration.PhysicalHeight());
+std::string Text(const CalibrationContents& calibration) {
+  const std::optional<int>& height = calibration.physicalHeight;
+  return "Calibration: object at near left " + Text(calibration.nearLeft) +
+         "\nCalibration: near width " + Text(calibration.nearWidth) + "\nCalibration: far width " +
+         Text(calibration.farWidth) + "\nCalibration: physical height " +
+         (height ? Text(height) : "missing");
 }
 
 /// All that hangs below a rule, an engine or an event sink, a line each.
@@ -74,12 +85,17 @@ std::string Joined(const std::vector<std::string>& texts) {
 }
 
 Json PointsJson(const std::vector<Point>& points) {
-  Json json = Json::array();
-  for (const Point& point : points) json.push_back({point.x, point.y});
-  return json;
+  return Transformed(points, [](const Point& point) { return Json::array({point.x, point.y}); });
 }
 
-Json PairJson(const Point (&pair)[2]) { return PointsJson({pair[0], pair[1]}); }
+Json NumberJson(const std::optional<int>& number) { return number ? Json(*number) : Json(nullptr); }
+
+Json PairJson(const GivenPair& pair) {
+  if (IsMissing(pair)) return nullptr;
+  return Transformed(pair, [](const GivenPoint& point) {
+    return Json::array({NumberJson(point.x), NumberJson(point.y)});
+  });
+}
 
 Json ShapeJson(const Shape& shape) {
   Json json{{"item", shape.item}, {"element", shape.element}};
@@ -94,11 +110,12 @@ Json ShapeJson(const Shape& shape) {
   return json;
 }
 
-Json CalibrationJson(const Calibration& calibration) {
-  return {{"objectAtNearLeft", PairJson(calibration.NearLeftSize())},
-          {"nearWidth", PairJson(calibration.NearWidth())},
-          {"farWidth", PairJson(calibration.FarWidth())},
-          {"physicalHeight", calibration.PhysicalHeight()}};
+/// What the profile lacks is null.
+Json CalibrationJson(const CalibrationContents& calibration) {
+  return {{"objectAtNearLeft", PairJson(calibration.nearLeft)},
+          {"nearWidth", PairJson(calibration.nearWidth)},
+          {"farWidth", PairJson(calibration.farWidth)},
+          {"physicalHeight", NumberJson(calibration.physicalHeight)}};
 }
 
 Json EntityJson(const Entity& entity, bool isRule) {
@@ -113,9 +130,7 @@ Json EntityJson(const Entity& entity, bool isRule) {
 }
 
 Json EntitiesJson(const std::vector<Entity>& entities, bool areRules = false) {
-  Json json = Json::array();
-  for (const Entity& entity : entities) json.push_back(EntityJson(entity, areRules));
-  return json;
+  return Transformed(entities, [=](const Entity& entity) { return EntityJson(entity, areRules); });
 }
 
 }  // namespace

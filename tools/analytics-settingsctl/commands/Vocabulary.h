@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string>
+
+namespace settingsctl {
+
+/// As `LoadSettingsFile`, for commands that only need the vocabulary of profiles: if ANALYTICS_INI
+/// is set but its file cannot be used, a note goes to standard error.
+void LoadVocabulary(const std::string& file);
+
+}  // namespace settingsctl
