@@ -30,12 +30,12 @@ const std::string& CheckedName(const char* what, const std::string& name) {
 
 }  // namespace
 
-// NOLINTNEXTLINE(modernize-pass-by-value): the platform declares it so
+// NOLINTBEGIN(modernize-pass-by-value): the platform declares it so.
 ResourceReserver::ResourceReserver(TavrelSettingsClient* /*client*/, const std::string& resource,
-                                   // NOLINTNEXTLINE(modernize-pass-by-value): likewise
                                    const std::string& consumer)
     : m_resource(CheckedName("resource", resource)),
       m_consumer(CheckedName("consumer", consumer)) {}
+// NOLINTEND(modernize-pass-by-value)
 
 ResourceReserver::~ResourceReserver() = default;
 

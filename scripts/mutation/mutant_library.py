@@ -5,6 +5,7 @@ the mutated library first by LD_LIBRARY_PATH.
 """
 
 import os
+import re
 import shlex
 import subprocess
 
@@ -81,5 +82,9 @@ class Build:
         return [command[0], '-w', f'-I{overlay}', f'-I{own_headers}', *command[1:]]
 
     def _run(self, command):
-        return subprocess.run(command, cwd=self.directory, stdout=subprocess.DEVNULL,
-                              stderr=subprocess.DEVNULL).returncode == 0
+        """Whether the compiler accepts it; raises where the compiler itself was stopped."""
+        done = subprocess.run(command, cwd=self.directory, stdout=subprocess.DEVNULL,
+                              stderr=subprocess.PIPE, text=True, errors='replace')
+        if done.returncode < 0 or re.search(r'signal terminated|No space left', done.stderr):
+            raise RuntimeError(f'the compiler was stopped: {done.stderr[-500:]}')
+        return done.returncode == 0

@@ -4,6 +4,9 @@
 run.py BUILD [--only PATH...]: BUILD is a finished build of the library and its tests. Prints each
 mutant that no test notices, unless `equivalent.txt` says why none can, and the score.
 
+A test also notices a mutant by needing ten times its time, or more than 4 GiB. What was too slow
+beside another mutant is tried again alone; how many then still are is told.
+
 What is known of a mutant is kept in BUILD/mutants.json as long as sources and tests stay as they
 are, so that a stopped run goes on where it was.
 """
@@ -24,6 +27,10 @@ from mutant_library import Build
 from mutants import mutants_of
 
 FOLDERS = ('document', 'settings', 'profile', 'platform')
+# What a mutant's fate depends on, besides the compiler.
+MATTERS = FOLDERS + ('include', 'host', 'tests', 'fuzz', 'examples', 'cmake', 'CMakeLists.txt',
+                     'CMakePresets.json', 'scripts/mutation')
+TOO_SLOW = ' (too slow)'
 # Which tests notice first what is wrong in a folder; the others come after them.
 NOTICES_FIRST = {'platform': ('blanking', 'resource', 'platform', 'unexpected')}
 ADDRESS_SPACE = 4 << 30
@@ -42,11 +49,12 @@ class Tests:
 
     def _time_of(self, test):
         started = time.monotonic()
-        if not self._passes(test, {}, 300):
+        if self._failure(test, {}, 300):
             sys.exit(f"mutation: {test['name']} fails without any mutant")
         return time.monotonic() - started
 
-    def _passes(self, test, environment, timeout):
+    def _failure(self, test, environment, timeout):
+        """Name of the test with how it failed, or None."""
         properties = {entry['name']: entry['value'] for entry in test.get('properties', [])}
         settings = dict(pair.split('=', 1) for pair in properties.get('ENVIRONMENT', []))
         with tempfile.TemporaryDirectory() as directory:
@@ -56,9 +64,9 @@ class Tests:
                 stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                 start_new_session=True, preexec_fn=limit_memory)
             try:
-                return process.wait(timeout) == 0
+                return test['name'] if process.wait(timeout) != 0 else None
             except subprocess.TimeoutExpired:
-                return False
+                return test['name'] + TOO_SLOW
             finally:
                 kill_group(process)
 
@@ -69,9 +77,10 @@ class Tests:
             not test['name'].startswith(first), self.seconds[test['name']]))
         for test in ordered:
             # Children of a test that was killed may live on for a moment; the limit is generous.
-            if not self._passes(test, {'LD_LIBRARY_PATH': library_directory},
-                                5 + 10 * self.seconds[test['name']]):
-                return test['name']
+            failure = self._failure(test, {'LD_LIBRARY_PATH': library_directory},
+                                    5 + 10 * self.seconds[test['name']])
+            if failure:
+                return failure
         return None
 
 
@@ -93,23 +102,25 @@ def read(path):
         return file.read()
 
 
-def files_of(root, folders, endings):
-    return sorted(os.path.relpath(os.path.join(directory, name), root)
-                  for folder in folders
-                  for directory, _, names in os.walk(os.path.join(root, folder))
-                  for name in names if name.endswith(endings))
+def files_of(root, folders):
+    """The files of the project in these folders, those not yet added included."""
+    listed = subprocess.run(['git', 'ls-files', '-z', '--cached', '--others', '--exclude-standard',
+                             '--', *folders], cwd=root, check=True, stdout=subprocess.PIPE).stdout
+    paths = (path for path in listed.decode().split('\0') if path)
+    return sorted(path for path in paths if os.path.isfile(os.path.join(root, path)))
 
 
 def fingerprint(root):
     """Names the state of all that a mutant's fate depends on."""
     digest = hashlib.sha256()
-    for path in files_of(root, FOLDERS + ('include', 'host', 'tests'), ('.cpp', '.h', '.txt')):
-        digest.update(path.encode() + b'\0' + read(os.path.join(root, path)).encode())
+    for path in files_of(root, MATTERS):
+        with open(os.path.join(root, path), 'rb') as file:
+            digest.update(path.encode() + b'\0' + hashlib.sha256(file.read()).digest())
     return digest.hexdigest()
 
 
 class Results:
-    """Fate of each mutant: the test that notices it, `not compiled` or `survives`."""
+    """Fate of each mutant: how a test notices it, `not compiled` or `survives`."""
 
     def __init__(self, path, state):
         self._path, self._lock = path, threading.Lock()
@@ -141,19 +152,25 @@ def fate_of(build, tests, mutant, source, workplace):
 
 
 def judge(build, tests, results, mutants, sources):
-    """Finds out the fate of all mutants, two at a time."""
+    """Finds out the fate of all mutants, one on each processor, then of slow ones alone."""
     local = threading.local()
 
-    def fate(mutant):
-        key = f'{mutant.path}: {mutant.start} {mutant.describe(sources[mutant.path])}'
-        if results.get(key) is None:
-            if not hasattr(local, 'workplace'):
-                local.workplace = tempfile.mkdtemp(dir=build.directory, prefix='mutant-')
-            results.put(key, fate_of(build, tests, mutant, sources[mutant.path], local.workplace))
-        return results.get(key)
+    def key_of(mutant):
+        return f'{mutant.path}: {mutant.start} {mutant.describe(sources[mutant.path])}'
 
+    def try_out(mutant):
+        if not hasattr(local, 'workplace'):
+            local.workplace = tempfile.mkdtemp(dir=build.directory, prefix='mutant-')
+        source = sources[mutant.path]
+        results.put(key_of(mutant), fate_of(build, tests, mutant, source, local.workplace))
+
+    new = [mutant for mutant in mutants if results.get(key_of(mutant)) is None]
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
-        return list(zip(mutants, pool.map(fate, mutants)))
+        list(pool.map(try_out, new))
+    for mutant in new:
+        if results.get(key_of(mutant)).endswith(TOO_SLOW):
+            try_out(mutant)
+    return [(mutant, results.get(key_of(mutant))) for mutant in mutants]
 
 
 def check_unchanged(build, tests, path, source):
@@ -164,21 +181,25 @@ def check_unchanged(build, tests, path, source):
         sys.exit(f'mutation: {failed} fails over the unchanged library')
 
 
-def report(judged, sources):
-    """Prints the survivors and the score; True if there are none."""
-    known = equivalents()
+def report(judged, sources, known):
+    """Prints survivors that are not known, what is known in vain, and the score; True if all is
+    well."""
     compiled = [(mutant, fate) for mutant, fate in judged if fate != 'not compiled']
     survivors = [mutant for mutant, fate in compiled if fate == 'survives']
     changes = [(mutant.path, mutant.describe(sources[mutant.path])) for mutant in survivors]
     unexplained = [change for change in changes if change not in known]
     for path, change in unexplained:
         print(f'survives: {path}: {change}')
+    noticed = known - set(changes)
+    for path, change in sorted(noticed):
+        print(f'said to be equivalent, but is noticed or gone: {path}: {change}')
+    too_slow = sum(fate.endswith(TOO_SLOW) for _, fate in compiled)
     killed = len(compiled) - len(survivors)
-    print(f'proved: mutants={len(compiled)} killed={killed} '
+    print(f'proved: mutants={len(compiled)} killed={killed} too_slow={too_slow} '
           f'equivalent={len(survivors) - len(unexplained)} unexplained={len(unexplained)} '
           f'not_compiled={len(judged) - len(compiled)} '
           f'score={100 * killed / max(1, len(compiled)):.1f}%')
-    return not unexplained and compiled
+    return compiled and not unexplained and not noticed
 
 
 def main():
@@ -188,14 +209,17 @@ def main():
     arguments = parser.parse_args()
     root = os.path.abspath(os.path.join(os.path.dirname(__file__), '../..'))
     directory = os.path.abspath(arguments.build)
-    paths = arguments.only or files_of(root, FOLDERS, ('.cpp', '.h'))
+    paths = arguments.only or [path for path in files_of(root, FOLDERS)
+                               if path.endswith(('.cpp', '.h'))]
     sources = {path: read(os.path.join(root, path)) for path in paths}
     mutants = [mutant for path in paths for mutant in mutants_of(path, sources[path])]
     results = Results(os.path.join(directory, 'mutants.json'), fingerprint(root))
     build, tests = Build(root, directory), Tests(directory)
     check_unchanged(build, tests, paths[0], sources[paths[0]])
     judged = judge(build, tests, results, mutants, sources)
-    return report(judged, sources)
+    # What spoils all builds, such as a full disk, would have spoilt this one as well.
+    check_unchanged(build, tests, paths[0], sources[paths[0]])
+    return report(judged, sources, {known for known in equivalents() if known[0] in sources})
 
 
 if __name__ == '__main__':

@@ -1,3 +1,4 @@
+#include <cstring>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -28,6 +29,14 @@ class AnImplementation : public testing::Test {
 };
 
 TEST_F(AnImplementation, HasTwoPointers) { EXPECT_EQ(2 * sizeof(void*), sizeof(Impl)); }
+
+TEST_F(AnImplementation, HasItsTreeBeforeItsContext) {
+  ASSERT_TRUE(Parse());
+  const void* fields[2] = {};
+  std::memcpy(fields, static_cast<const void*>(&m_impl), sizeof m_impl);
+  EXPECT_NE(nullptr, fields[0]);
+  EXPECT_EQ(nullptr, fields[1]);
+}
 
 TEST_F(AnImplementation, IsThatOfItsDocument) {
   ShownDocument document;

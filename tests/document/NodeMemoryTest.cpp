@@ -32,7 +32,7 @@ std::string Tree(const std::string& first, const std::string& rest = kAfter) {
   return "<p:r xmlns:p=\"urn:p\">" + first + rest;
 }
 
-const std::string kAttributes = " t=\"a text that is long enough\" n=\"                  12.5 m\"";
+const std::string kAttributes = R"( t="a text that is long enough" n="                  12.5 m")";
 
 std::string A(const std::string& attributes, const std::string& content) {
   return Tree("<a" + attributes + (content.empty() ? "/>" : ">" + content + "</a>"));
@@ -119,12 +119,12 @@ const tests::MemoryRow<NodeSubject> kRows[] = {
      [](S& s) -> Answer { return s.node.SetProperty(kText, kNew), true; },
      "true",
      {},
-     A(" t=\"" + kNew + "\" n=\"                  12.5 m\"", kInside)},
+     A(" t=\"" + kNew + R"(" n="                  12.5 m")", kInside)},
     {"SetEmptyProperty",
      [](S& s) -> Answer { return s.node.SetProperty(kText, kEmpty), true; },
      "true",
      {},
-     A(" t=\"\" n=\"                  12.5 m\"", kInside)},
+     A(R"( t="" n="                  12.5 m")", kInside)},
     {"SetNewProperty",
      [](S& s) -> Answer { return s.node.SetProperty(kMissing, kNew), true; },
      "true",
@@ -184,13 +184,13 @@ const tests::MemoryRow<NodeSubject> kRows[] = {
      "true",
      {},
      Tree("<a" + kAttributes + ">" + kInside + "</a>",
-          "<n:b xmlns:n=\"urn:n\"/><w xmlns:q=\"urn:q\">tail</w><q:c/></p:r>")},
+          R"(<n:b xmlns:n="urn:n"/><w xmlns:q="urn:q">tail</w><q:c/></p:r>)")},
     {"ReconciliateNs",
      [](S& s) -> Answer { return s.stray.ReconciliateNs(), true; },
      "true",
      {},
      Tree("<a" + kAttributes + ">" + kInside + "</a>",
-          "<b/><w xmlns:q=\"urn:q\">tail</w><q:c xmlns:q=\"urn:q\"/></p:r>")},
+          R"(<b/><w xmlns:q="urn:q">tail</w><q:c xmlns:q="urn:q"/></p:r>)")},
 };
 
 using NodeMemoryTest = tests::MemoryTableTest<NodeSubject>;

@@ -64,7 +64,7 @@ struct Tree {
     if (!document || !Root()) return "nothing";
     xmlBufferPtr const buffer = xmlBufferCreate();
     xmlNodeDump(buffer, document, Root(), 0, 0);
-    const std::string text = Copy(xmlBufferContent(buffer));
+    std::string text = Copy(xmlBufferContent(buffer));
     xmlBufferFree(buffer);
     return text;
   }

@@ -85,6 +85,7 @@ TEST_P(AMutex, LetsOneOfManyThreadsCountAtATime) {
     }
   };
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int index = 0; index < 4; ++index) threads.emplace_back(countTo500);
   for (std::thread& thread : threads) thread.join();
   EXPECT_EQ(4 * 500, counter);

@@ -82,6 +82,7 @@ TEST_F(ATrace, KeepsTheLinesOfThreadsApart) {
     for (int count = 0; count < 200; ++count) m_trace(index, "%s", std::string(200, 'x').c_str());
   };
   std::vector<std::thread> threads;
+  threads.reserve(4);
   for (int index = 0; index < 4; ++index) threads.emplace_back(write, index);
   for (std::thread& thread : threads) thread.join();
   std::istringstream text(m_error.Text());

@@ -129,8 +129,9 @@ class BlankingModel {
   }
 
   Out Tell(const std::size_t& regions) {
-    for (std::size_t place = 0; place < m_list.size(); ++place) {
-      const Out out = Call(m_list[place], regions);
+    std::size_t place = 0;
+    while (place < m_list.size()) {  // a call may change the list
+      const Out out = Call(m_list[place++], regions);
       if (out != Out::kNone) return out;
     }
     return Out::kNone;

@@ -42,6 +42,17 @@ class BlankingWithoutMemory : public testing::TestWithParam<tests::Shortage> {
     return listener;
   }
 
+  /// Expects that an operation completes without memory and releases its lock.
+  template <typename Operation>
+  static void ExpectNoAllocation(Operation operation) {
+    {
+      const tests::FailingAllocation failing(1, GetParam());
+      operation();
+      EXPECT_EQ(0, failing.Failures());
+    }
+    ExpectLockReleased();
+  }
+
   static void ExpectLockReleased() {
     EXPECT_EQ(Log().CallsOf("Mutex::Lock()").size(), Log().CallsOf("Mutex::Unlock()").size());
   }
@@ -111,6 +122,41 @@ TEST_P(BlankingWithoutMemory, KeepsTheOrderOfSubscribersWhoseListCouldNotGrow) {
   });
   m_library.SetConfiguration(tests::OneRegion());
   EXPECT_EQ(expected, tests::CalledSubscribers());
+}
+
+TEST_P(BlankingWithoutMemory, NeedsNoMemoryToUnsubscribe) {
+  Listener listener;
+  Listener other;
+  m_library.Subscribe(&Listener::Hear, &listener);
+  m_library.Subscribe(&Listener::Hear, &other);
+  ExpectNoAllocation([&] { m_library.Unsubscribe(&Listener::Hear, &listener); });
+  m_library.SetConfiguration(tests::OneRegion());
+  EXPECT_EQ(0, listener.calls);
+  EXPECT_EQ(1, other.calls);
+}
+
+TEST_P(BlankingWithoutMemory, NeedsNoMemoryToPassAConfigurationOn) {
+  const tagWindowBlankingRegions record = tests::OneRegion();
+  Listener listener;
+  m_library.Subscribe(&Listener::Hear, &listener);
+  ExpectNoAllocation([&] { m_library.SetConfiguration(record); });
+  EXPECT_EQ(1, listener.calls);
+  EXPECT_EQ(tests::AllEntries(record), tests::AllEntries(listener.record));
+}
+
+// What needs memory here is the platform's own ending of the subscription.
+TEST_P(BlankingWithoutMemory, StaysStartedUntilTheSubscriptionIsEnded) {
+  m_library.Start();
+  WithEachAllocationFailing(GetParam(), [&] {
+    EXPECT_EQ(1U, Platform().subscriptions.size());
+    m_library.Start();  // again, which changes nothing
+    EXPECT_EQ(1U, Platform().subscriptions.size());
+    m_library.Stop();
+  });
+  EXPECT_EQ(0U, Platform().subscriptions.size());
+  ExpectLockReleased();
+  m_library.Start();
+  EXPECT_EQ(1U, Platform().subscriptions.size());
 }
 
 TEST_P(BlankingWithoutMemory, IsStartedAndSubscribedUnlessTheFailureGotOut) {

@@ -15,7 +15,6 @@ using tests::CallOf;
 using tests::Calls;
 using tests::IniFile;
 using tests::kBlue;
-using tests::kGreen;
 using tests::kRed;
 
 fakes::CallLog& Log() { return fakes::CallLog::Instance(); }

@@ -111,13 +111,13 @@ TEST_P(AFailingPlatform, LeavesWhatItsFailedCallSays) {
 
 std::string NameOf(const testing::TestParamInfo<AFailingPlatform::ParamType>& info) {
   const auto& [row, refused, thrown] = info.param;
-  return row.name + tests::NameOf(refused) + (thrown == Thrown::kNumber ? "ThrowingANumber" : "");
+  return row.name + tests::NameOf(refused) + fakes::NameOf(thrown);
 }
 
 INSTANTIATE_TEST_SUITE_P(During, AFailingPlatform,
                          testing::Combine(testing::ValuesIn(tests::kFaultRows),
                                           testing::ValuesIn(tests::kRefusals),
-                                          testing::Values(Thrown::kFailure, Thrown::kNumber)),
+                                          testing::ValuesIn(fakes::kAllThrown)),
                          &NameOf);
 
 }  // namespace

@@ -1,5 +1,7 @@
+#include <ostream>
 #include <string>
 #include <thread>
+#include <tuple>
 
 #include <gmock/gmock.h>
 
@@ -15,31 +17,63 @@ using tests::Calls;
 using tests::CallsDuring;
 using tests::LoadedLibrary;
 
-/// A fresh load of the library whose first use runs out of memory.
-class AResourceCallWithoutMemory : public testing::TestWithParam<tests::Shortage> {
- protected:
-  void SetUp() override { fakes::Platform::Instance().Reset(); }
+/// An operation of the resource server.
+struct Operation {
+  const char* name;
+  int (*ask)(LoadedLibrary& library);
+  const char* question;  // what it asks the platform
+  int answer;
+};
 
-  /// What the platform sees of a claim whose first allocation fails.
+void PrintTo(const Operation& operation, std::ostream* out) { *out << operation.name; }
+
+constexpr int kAvailable = 5;
+
+const Operation kOperations[] = {
+    {"AvailableResources", [](LoadedLibrary& library) { return library.AvailableResources(); },
+     "ResourceReserver::GetAvailableResources()", kAvailable},
+    {"ReserveResources", [](LoadedLibrary& library) { return library.ReserveResources(3); },
+     "ResourceReserver::TrySetUsage(3)", 1},
+};
+
+/// A fresh load of the library whose first use runs out of memory.
+class AResourceCallWithoutMemory
+    : public testing::TestWithParam<std::tuple<Operation, tests::Shortage>> {
+ protected:
+  void SetUp() override {
+    fakes::Platform::Instance().Reset();
+    fakes::Platform::Instance().availableResources = kAvailable;
+  }
+  void TearDown() override { fakes::Platform::Instance().Reset(); }
+
+  int Ask() { return std::get<0>(GetParam()).ask(m_library); }
+
+  static int Answer() { return std::get<0>(GetParam()).answer; }
+
+  static tests::Shortage Shortage() { return std::get<1>(GetParam()); }
+
+  /// What the platform sees of a call whose first allocation fails.
   Calls CallsWithoutFirstAllocation() {
     int runs = 0;
     return CallsDuring([&] {
-      tests::WithEachAllocationFailing(GetParam(), [&] {
-        if (++runs == 1) m_library.ReserveResources(3);
+      tests::WithEachAllocationFailing(Shortage(), [&] {
+        if (++runs == 1) Ask();
       });
     });
   }
 
+  static Calls WholeCall() {
+    return {"Mutex::Lock()",
+            "Mutex::Unlock()",
+            "TavrelSettingsClient::TavrelSettingsClient(1)",
+            "ResourceReserver::ResourceReserver(client,CPU,Analytics)",
+            std::get<0>(GetParam()).question,
+            "ResourceReserver::~ResourceReserver()",
+            "TavrelSettingsClient::~TavrelSettingsClient()"};
+  }
+
   LoadedLibrary m_library;
 };
-
-const Calls kWholeCall = {"Mutex::Lock()",
-                          "Mutex::Unlock()",
-                          "TavrelSettingsClient::TavrelSettingsClient(1)",
-                          "ResourceReserver::ResourceReserver(client,CPU,Analytics)",
-                          "ResourceReserver::TrySetUsage(3)",
-                          "ResourceReserver::~ResourceReserver()",
-                          "TavrelSettingsClient::~TavrelSettingsClient()"};
 
 TEST_P(AResourceCallWithoutMemory, ReleasesTheLockWhereTheInstanceCannotBeMade) {
   const Calls calls = CallsWithoutFirstAllocation();
@@ -49,7 +83,7 @@ TEST_P(AResourceCallWithoutMemory, ReleasesTheLockWhereTheInstanceCannotBeMade) 
 
 TEST_P(AResourceCallWithoutMemory, LeavesTheNextCallToMakeTheInstance) {
   CallsWithoutFirstAllocation();
-  EXPECT_EQ(kWholeCall, CallsDuring([&] { EXPECT_EQ(1, m_library.ReserveResources(3)); }));
+  EXPECT_EQ(WholeCall(), CallsDuring([&] { EXPECT_EQ(Answer(), Ask()); }));
 }
 
 TEST_P(AResourceCallWithoutMemory, MakesNoSecondInstanceOnALaterUse) {
@@ -73,18 +107,25 @@ TEST_P(AResourceCallWithoutMemory, MakesNoSecondInstanceOnAnotherThread) {
 
 TEST_P(AResourceCallWithoutMemory, ClosesAndReleasesWhateverAllocationFails) {
   int result = 0;
-  tests::WithEachAllocationFailing(GetParam(), [&] { result = m_library.ReserveResources(3); });
-  EXPECT_EQ(1, result);
+  tests::WithEachAllocationFailing(Shortage(), [&] { result = Ask(); });
+  EXPECT_EQ(Answer(), result);
   const fakes::CallLog& log = fakes::CallLog::Instance();
   EXPECT_EQ(log.CallsOf("Mutex::Lock()").size(), log.CallsOf("Mutex::Unlock()").size());
   EXPECT_EQ(log.CallsOf("TavrelSettingsClient::TavrelSettingsClient(").size(),
             log.CallsOf("TavrelSettingsClient::~").size());
   EXPECT_EQ(log.CallsOf("ResourceReserver::ResourceReserver(").size(),
             log.CallsOf("ResourceReserver::~").size());
-  EXPECT_EQ(kWholeCall, CallsDuring([&] { m_library.ReserveResources(3); }));
+  EXPECT_EQ(WholeCall(), CallsDuring([&] { Ask(); }));
 }
 
-INSTANTIATE_TEST_SUITE_P(Shortages, AResourceCallWithoutMemory,
-                         testing::ValuesIn(tests::kShortages), tests::ShortageName);
+std::string NameOf(const testing::TestParamInfo<AResourceCallWithoutMemory::ParamType>& info) {
+  const auto& [operation, shortage] = info.param;
+  return operation.name + tests::NameOf(shortage);
+}
+
+INSTANTIATE_TEST_SUITE_P(During, AResourceCallWithoutMemory,
+                         testing::Combine(testing::ValuesIn(kOperations),
+                                          testing::ValuesIn(tests::kShortages)),
+                         NameOf);
 
 }  // namespace

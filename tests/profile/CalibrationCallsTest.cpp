@@ -64,7 +64,7 @@ TEST(ReadingACalibration, CallsAllFourSettersAlsoForAClosedProfile) {
     calibration.SetFarWidth({{1, 2}, {3, 4}});
     EXPECT_TRUE(profile.GetCalibration(calibration));
     const std::vector<std::string> calls = Calls();
-    ASSERT_GT(calls.size(), 4u);
+    ASSERT_GT(calls.size(), 4U);
     EXPECT_THAT(std::vector<std::string>(calls.end() - 4, calls.end()),
                 ElementsAre("Calibration::SetNearLeftSize((0,0),(0,0))",
                             "Calibration::SetFarWidth((1,2),(3,4))",
@@ -74,7 +74,7 @@ TEST(ReadingACalibration, CallsAllFourSettersAlsoForAClosedProfile) {
 }
 
 /// Notes each query that fails in the call log.
-void NoteQuery(void*, xmlErrorPtr error) {
+void NoteQuery(void* /*context*/, xmlErrorPtr error) {
   fakes::CallLog::Instance().Note(error->str1 ? error->str1 : "another error");
 }
 
@@ -86,7 +86,7 @@ TEST(ReadingACalibration, LooksForItsPiecesBetweenGettersAndSetters) {
     xmlSetStructuredErrorFunc(nullptr, &NoteQuery);
     EXPECT_TRUE(profile.GetCalibration(calibration));
     const std::vector<std::string> calls = Calls();
-    ASSERT_GE(calls.size(), 12u);
+    ASSERT_GE(calls.size(), 12U);
     EXPECT_THAT(std::vector<std::string>(calls.end() - 12, calls.end() - 4),
                 ElementsAre("Calibration::NearLeftSize()", "Calibration::NearWidth()",
                             "Calibration::FarWidth()", EndsWith("/ka:ObjectAtNearLeft"),

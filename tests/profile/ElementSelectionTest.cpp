@@ -132,8 +132,8 @@ TEST_P(AnElementSelection, GivesNewNodesForTheSameElements) {
   Parse(Element("Type='A'"));
   const std::vector<NodePtr> first = Owned(Select(""));
   const std::vector<NodePtr> second = Owned(Select(""));
-  ASSERT_EQ(1u, first.size());
-  ASSERT_EQ(1u, second.size());
+  ASSERT_EQ(1U, first.size());
+  ASSERT_EQ(1U, second.size());
   EXPECT_NE(first[0], second[0]);
   EXPECT_EQ(first[0]->Handle(), second[0]->Handle());
 }

@@ -43,7 +43,8 @@ TEST(AProfileThatIsNotWellFormed, DoesNotLoadTheSettings) {
 
 TEST(ASecondProfile, LoadsTheSettingsNoSecondTime) {
   tests::InFreshProcess([] {
-    ProfileDoc first, second;
+    ProfileDoc first;
+    ProfileDoc second;
     ASSERT_TRUE(first.ParseString(ProfileText("")));
     fakes::CallLog::Instance().Clear();
     ASSERT_TRUE(second.ParseString(ProfileText("<tt:rule/>")));

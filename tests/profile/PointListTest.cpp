@@ -154,7 +154,7 @@ INSTANTIATE_TEST_SUITE_P(Paths, APathWithoutPoints, testing::ValuesIn(kPaths),
 /// A profile whose points of nodes are all the same, and which counts who asks for them.
 class StubbornProfile : public ProfileDoc {
  public:
-  bool PointFromNode(DocumentNode*, Point& point) override {
+  bool PointFromNode(DocumentNode* /*node*/, Point& point) override {
     ++m_asked;
     point = Point{99, 99};
     return true;

@@ -28,8 +28,8 @@ std::size_t Slot(Operation operation) {
 }
 
 TEST(TheVirtualOperationsOfAProfile, KeepTheirPlacesBehindTwoDestructors) {
-  EXPECT_EQ(2u, Slot(&ProfileDoc::PointFromNode));
-  EXPECT_EQ(3u, Slot(&ProfileDoc::CreateSearchContext));
+  EXPECT_EQ(2U, Slot(&ProfileDoc::PointFromNode));
+  EXPECT_EQ(3U, Slot(&ProfileDoc::CreateSearchContext));
 }
 
 TEST(TheVirtualOperationsOfAProfile, HaveThePlacesOfTheDocuments) {

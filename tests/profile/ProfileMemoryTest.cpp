@@ -22,6 +22,14 @@ const tests::MemoryRow<ProfileSubject> kRows[] = {
      {"false"},
      {},
      {kClosed, kWithoutContext}},
+    {"ParseBuffer",
+     [](S& s) -> Answer {
+       return s.profile.ParseString(S::Shared().text.data(), S::Shared().text.size());
+     },
+     "true",
+     {"false"},
+     {},
+     {kClosed, kWithoutContext}},
     {"ParseFile",
      [](S& s) -> Answer { return s.profile.ParseFile(S::Shared().whole); },
      "true",

@@ -34,10 +34,10 @@ inline std::string Item(const std::string& name, const std::string& value) {
 
 inline const std::string kActive = Item("Active", "1");
 inline const std::string kCalibration =
-    "<tt:ElementItem Name=\"Calibration\"><ka:Calibration>"
-    "<ka:ObjectAtNearLeft left=\"1\" top=\"2\" right=\"3\" bottom=\"00000000000000000004\"/>"
-    "<ka:NearWidth><tt:Point x=\"5\" y=\"6\"/><tt:Point x=\"7\" y=\"8\"/></ka:NearWidth>"
-    "<ka:FarWidth><tt:Point x=\"9\" y=\"10\"/><tt:Point x=\"11\" y=\"12\"/></ka:FarWidth>"
+    R"(<tt:ElementItem Name="Calibration"><ka:Calibration>)"
+    R"(<ka:ObjectAtNearLeft left="1" top="2" right="3" bottom="00000000000000000004"/>)"
+    R"(<ka:NearWidth><tt:Point x="5" y="6"/><tt:Point x="7" y="8"/></ka:NearWidth>)"
+    R"(<ka:FarWidth><tt:Point x="9" y="10"/><tt:Point x="11" y="12"/></ka:FarWidth>)"
     "<ka:PhysicalHeight>00000000000000000013</ka:PhysicalHeight>"
     "</ka:Calibration></tt:ElementItem>";
 
@@ -51,8 +51,7 @@ inline const std::string kLast = Rule(kType, kItems);
 inline const std::string kEngine = "<tt:engine Type=\"" + kType + "\"/>";
 inline const std::string kSink = "<ka:eventSink Type=\"" + kType + "\"/>";
 inline const std::string kTail =
-    kEngine + kSink +
-    "<tt:rectangle left=\"00000000000000000001\" top=\"2\" right=\"3\" bottom=\"4\"/>";
+    kEngine + kSink + R"(<tt:rectangle left="00000000000000000001" top="2" right="3" bottom="4"/>)";
 
 /// The profile with these items in its first rule.
 inline std::string Profile(const std::string& items) {

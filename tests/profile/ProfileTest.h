@@ -12,6 +12,7 @@
 #include <analytics/DocumentNode.h>
 #include <analytics/ProfileDoc.h>
 
+#include "document/DocumentImpl.h"
 #include "tests/support/Nodes.h"
 
 namespace tests {
@@ -50,7 +51,7 @@ MATCHER_P2(IsPoint, x, y, "") {
 /// A profile whose search context binds no prefix, so that each of its own queries fails.
 class UnboundProfile : public analytics::ProfileDoc {
  public:
-  bool CreateSearchContext() override { return Document::CreateSearchContext(); }
+  bool CreateSearchContext() override { return m_impl->CreateXPathContext(false); }
 };
 
 /// A closed profile under the built-in settings.

@@ -100,7 +100,7 @@ TEST_P(ARealProfile, HasAllItsRulesActiveOnceEachIsActivated) {
   tests::InFreshProcess([] {
     ProfileDoc profile;
     ASSERT_NO_FATAL_FAILURE(OpenUnder("schema", GetParam(), profile));
-    ASSERT_GE(Types(profile).size(), 2u);
+    ASSERT_GE(Types(profile).size(), 2U);
     SetInAllRules(profile, "Active", 1);
     ASSERT_TRUE(profile.ParseString(profile.DumpToString()));
     EXPECT_EQ(Types(profile), profile.ActiveRules());

@@ -48,7 +48,7 @@ class ARuleThatHolds : public tests::ProfileTest, public testing::WithParamInter
 TEST_P(ARuleThatHolds, IsActiveAsTheTableSays) {
   Parse("<tt:rule Type='A'>" + std::string(GetParam().content) + "</tt:rule>");
   EXPECT_EQ(GetParam().active, m_profile.RuleIsActive("A"));
-  EXPECT_EQ(GetParam().active ? 1u : 0u, m_profile.ActiveRules().size());
+  EXPECT_EQ(GetParam().active ? 1U : 0U, m_profile.ActiveRules().size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ARuleThatHolds, testing::ValuesIn(kRows),
@@ -91,7 +91,7 @@ TEST_P(TheActiveItem, DecidesByItsLeadingInteger) {
 
 TEST_P(TheActiveItem, DecidesByItsLeadingIntegerForTheListToo) {
   Parse(Rule("Type='A'", GetParam().value));
-  EXPECT_EQ(GetParam().active ? 1u : 0u, m_profile.ActiveRules().size());
+  EXPECT_EQ(GetParam().active ? 1U : 0U, m_profile.ActiveRules().size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Values, TheActiveItem, testing::ValuesIn(kValues),

@@ -62,7 +62,7 @@ TEST_F(TheSearchContextOfAProfile, IsGoneAfterAFailedParse) {
 TEST_F(TheSearchContextOfAProfile, MakesNoDifferenceToUnprefixedPaths) {
   Parse("<a/><tt:a/>");
   EXPECT_TRUE(Node("/profile/a"));
-  EXPECT_EQ(1u, tests::All(m_profile, "//a").size());
+  EXPECT_EQ(1U, tests::All(m_profile, "//a").size());
 }
 
 /// A profile that counts how often it is asked for its search context.
@@ -86,12 +86,13 @@ TEST(AProfile, MakesItsSearchContextOncePerGoodParse) {
 }
 
 TEST(TwoProfiles, AreIndependent) {
-  ProfileDoc first, second;
+  ProfileDoc first;
+  ProfileDoc second;
   ASSERT_TRUE(first.ParseString(ProfileText("<tt:rule Type='A'/>")));
   ASSERT_TRUE(second.ParseString(ProfileText("<tt:rule Type='A'/>")));
   EXPECT_EQ(1, first.DeleteRules("A"));
   first.Close();
-  EXPECT_EQ(1u, tests::Owned(second.SelectRules("A")).size());
+  EXPECT_EQ(1U, tests::Owned(second.SelectRules("A")).size());
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/profile/Vocabulary.h"
@@ -14,8 +15,8 @@ using Elements = std::vector<xmlNodePtr>;
 /// What a profile is to say of a tree, found by walking through it.
 class TreeReading {
  public:
-  TreeReading(xmlDoc& tree, const Vocabulary& vocabulary)
-      : m_all(ElementsOf(tree)), m_names(vocabulary) {}
+  TreeReading(xmlDoc& tree, Vocabulary vocabulary)
+      : m_all(ElementsOf(tree)), m_names(std::move(vocabulary)) {}
 
   Elements Rules() const { return Named(m_all, m_names.onvifUri, m_names.rule); }
   Elements Engines() const { return Named(m_all, m_names.onvifUri, m_names.engine); }

@@ -66,9 +66,17 @@ class AFirstUseWithoutXmlMemory : public testing::TestWithParam<tests::Shortage>
     setenv("ANALYTICS_INI", "/nonexistent/analytics.ini", 1);
   }
 
-  /// Uses a fresh library and gives how many allocations have failed.
-  static int Use(int number) {
+  /// Has a fresh library make its first use, expects it to be of use afterwards as ever, and gives
+  /// how many allocations have failed.
+  int Use(int number) const {
     const tests::LoadedLibrary library;
+    const int failures = UseFirst(library, number);
+    EXPECT_EQ(50, library.LoadSettings(m_path) ? library.MaxResource() : 0)
+        << "allocation " << number;
+    return failures;
+  }
+
+  static int UseFirst(const tests::LoadedLibrary& library, int number) {
     const tests::FailingXmlMemory failing(number, GetParam());
     const std::int64_t resource = library.MaxResource();
     EXPECT_TRUE(resource == 50 || resource == 100000) << resource << ", allocation " << number;
@@ -80,7 +88,7 @@ class AFirstUseWithoutXmlMemory : public testing::TestWithParam<tests::Shortage>
   }
 
   /// Gives whether the first use came to a failure, which must have lost nothing.
-  static bool LosesNothing(int number) {
+  bool LosesNothing(int number) const {
     const long blocks = tests::FailingXmlMemory::Live();
     const long moment = tests::FailingXmlMemory::Now();
     const int failures = Use(number);

@@ -9,6 +9,7 @@
 #include "tests/settings/ServedFile.h"
 #include "tests/support/FreshProcess.h"
 #include "tests/support/TemporaryDirectory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -40,6 +41,16 @@ TEST_F(ALoad, AnswersTrueForAFileThatIsParsed) {
     tests::ServeFile("/served.ini", "<settings/>");
     EXPECT_TRUE(Settings::LoadSettings("/served.ini"));
     EXPECT_EQ(GoodLoad("/served.ini"), CallsSoFar());
+  });
+}
+
+// An expression that is none would be reported on standard error at each load.
+TEST_F(ALoad, HasNothingForLibxml2ToReport) {
+  AfterFirstUse([] {
+    tests::ServeFile("/served.ini", "<settings/>");
+    const tests::XmlErrors errors;
+    EXPECT_TRUE(Settings::LoadSettings("/served.ini"));
+    EXPECT_THAT(errors.Codes(), testing::IsEmpty());
   });
 }
 

@@ -21,7 +21,7 @@ std::string Variable(const std::string& name, const std::string& value) {
 /// Has the system kill this process once it has computed for another 200 ms.
 void LimitComputingTime() {
   itimerval limit{};
-  limit.it_value.tv_usec = 200 * 1000;
+  limit.it_value.tv_usec = 200'000;
   setitimer(ITIMER_VIRTUAL, &limit, nullptr);
 }
 

@@ -73,7 +73,9 @@ TEST_F(ASeparator, IsTakenAsTheModelTakesItAtEachDistanceFromAnother) {
       for (std::size_t between = 0; between <= kLongest; ++between) {
         for (const std::size_t around : {std::size_t{0}, std::size_t{1}, kLongest}) {
           const std::string outside(around, 'a');
-          CheckText(outside + first + std::string(between, 'a') + second + outside);
+          std::string text = outside;
+          text.append(first).append(between, 'a').append(second).append(outside);
+          CheckText(text);
           Count("substitution_separator_distances");
         }
       }

@@ -23,7 +23,7 @@ inline std::string ModelOfSubstitution(std::string unread, const Lookup& valueOf
     std::string name;
     while (next < unread.size() && unread[next] != '}') name += unread[next++];
     const bool isClosed = next < unread.size();
-    if (!isClosed || name.empty()) return written + '{' + name + unread.substr(next);
+    if (!isClosed || name.empty()) return written.append("{").append(name).append(unread, next);
     written.pop_back();
     unread = valueOf(name) + unread.substr(next + 1);
     next = 0;

@@ -21,7 +21,8 @@ class SubstitutionVariables : public testing::Test {
   void LoadDefined() {
     std::string variables;
     for (const auto& [name, value] : m_values) {
-      variables += "<variable name='" + name + "' value='" + value + "'/>";
+      variables.append("<variable name='").append(name);
+      variables.append("' value='").append(value).append("'/>");
     }
     ASSERT_TRUE(LoadContent(ElementOf("variables", variables)));
   }

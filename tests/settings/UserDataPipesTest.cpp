@@ -88,7 +88,7 @@ TEST(TheListOfPipes, OnceReturnedDoNotChangeWithALaterLoad) {
 
 TEST(TheListOfPipes, ChangedByTheCallerStayAsTheyAreInTheSettings) {
   ASSERT_TRUE(LoadContent("<userdataPipe>/a</userdataPipe>"));
-  Settings::UserDataPipes().push_back("/b");
+  Settings::UserDataPipes().emplace_back("/b");
   EXPECT_THAT(Settings::UserDataPipes(), ElementsAre("/a"));
 }
 

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/support/Figures.h"
+#include "tests/support/Survival.h"
 
 namespace {
 
@@ -51,6 +52,19 @@ bool ComesToFailure(const std::function<void()>& operation, int number, tests::S
   return true;
 }
 
+/// How many blocks are kept by a run in which nothing fails: one in a child process, so that this
+/// one stays as it is.
+long KeptUndisturbed(const std::function<void()>& operation) {
+  tests::SharedNumber kept(0);
+  const bool isComplete = tests::SurvivesInAChild([&] {
+    const long before = s_live;
+    operation();
+    kept.Set(static_cast<int>(s_live - before));
+  });
+  EXPECT_TRUE(isComplete) << "the operation ends the process where nothing fails";
+  return kept.Get();
+}
+
 }  // namespace
 
 // All forms that could meet one another are replaced, so that a checker sees matching pairs.
@@ -79,14 +93,22 @@ FailingAllocation::~FailingAllocation() { s_count.End(); }
 
 bool FailingAllocation::IsPossible() { return true; }
 
+bool FailingAllocation::IsInPlace() {
+  const FailingAllocation failing(1, Shortage::kOnce);
+  return LetsBadAllocOut([] { ::operator delete(::operator new(1)); });
+}
+
 long FailingAllocation::Live() { return s_live; }
 
 int FailingAllocation::Failures() const { return s_count.Failures(); }
 
 void WithEachAllocationFailing(Shortage shortage, const std::function<void()>& operation) {
+  const long kept = KeptUndisturbed(operation);
+  const long before = FailingAllocation::Live();
   int failures = 0;
   while (ComesToFailure(operation, failures + 1, shortage)) ++failures;
   EXPECT_GT(failures, 0) << "the operation allocates nothing";
+  EXPECT_LE(FailingAllocation::Live() - before, kept) << "failed runs have lost blocks";
   Count("operations");
 }
 

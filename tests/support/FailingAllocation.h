@@ -23,6 +23,10 @@ class FailingAllocation {
   /// Whether this program can have allocations fail at all.
   static bool IsPossible();
 
+  /// Whether an allocation does fail when it is told to: a checker may have taken the place of this
+  /// program's `operator new`, which cannot be known when it is built.
+  static bool IsInPlace();
+
   /// How many blocks of `operator new` the process has not given back.
   static long Live();
 
@@ -33,7 +37,9 @@ class FailingAllocation {
 /// Runs `operation` again and again, with its first, second, ... `operator new` throwing
 /// `std::bad_alloc`, until a run completes.
 ///
-/// Expects that at least one run failed and that every failed run let `std::bad_alloc` out.
+/// Expects that at least one run failed, that every failed run let `std::bad_alloc` out, and that
+/// all of them together keep no more blocks than one that completes at once: what is lost is found
+/// without a leak checker, too.
 /// Allocations of the operation's own locals count too: make arguments outside, or a run fails
 /// before it reaches what is tested. Expectations on what a failed run left behind go at the start
 /// of `operation`, where they see it at the next run, or after this call.

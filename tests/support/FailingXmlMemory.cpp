@@ -35,7 +35,7 @@ char* Copy(const char* text) {
 }
 
 // Before the main function, because libxml2 must not release what others have allocated.
-const int s_installed = xmlMemSetup(XmlBlocks::Release, Allocate, Resize, Copy);
+const int kInstalled = xmlMemSetup(XmlBlocks::Release, Allocate, Resize, Copy);
 
 void DropText(void* /*context*/, const char* /*format*/, ...) {}
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstring>
 #include <stdexcept>
+#include <string>
 
 #include <dlfcn.h>
 #include <gtest/gtest.h>
@@ -33,6 +34,11 @@ class LoadedLibrary {
 
   std::int64_t MaxResource() const {
     return reinterpret_cast<std::int64_t (*)()>(Symbol("_ZN9analytics8Settings11MaxResourceEv"))();
+  }
+  bool LoadSettings(const std::string& path) const {
+    return reinterpret_cast<bool (*)(const std::string&)>(
+        Symbol("_ZN9analytics8Settings12LoadSettingsERK"
+               "NSt7__cxx1112basic_stringIcSt11char_traitsIcESaIcEEE"))(path);
   }
 
   int AvailableResources() {

@@ -28,7 +28,7 @@ inline long AllocatedBytes() { return static_cast<long>(mallinfo2().uordblks); }
 /// them, or the first hundred, which make what other libraries keep: not a byte more is allocated,
 /// and what lies in memory grows by no more than a few pages.
 inline void ExpectNoGrowth(int rounds, const std::function<void(int)>& round) {
-  constexpr long kPages = 64 * 1024;  // the allocator's own changes of mind
+  constexpr long kPages = 65536;  // the allocator's own changes of mind
   const int first = std::max(100, rounds / 1000);
   for (int index = 0; index < first; ++index) round(index);
   const long resident = ResidentBytes();

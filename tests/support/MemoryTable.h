@@ -193,6 +193,9 @@ class MemoryTableTest : public testing::TestWithParam<MemoryRow<Subject>> {
   }
 
   void RunOutOfCppMemory() const {
+    if (!FailingAllocation::IsPossible())
+      GTEST_SKIP() << "operator new cannot be made to fail here";
+    ASSERT_TRUE(FailingAllocation::IsInPlace()) << "another operator new has taken its place";
     Count("operations");
     RunOut<FailingAllocation>();
   }

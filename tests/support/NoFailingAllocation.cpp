@@ -10,6 +10,8 @@ FailingAllocation::~FailingAllocation() = default;
 
 bool FailingAllocation::IsPossible() { return false; }
 
+bool FailingAllocation::IsInPlace() { return false; }
+
 long FailingAllocation::Live() { return 0; }
 
 int FailingAllocation::Failures() const { return 0; }

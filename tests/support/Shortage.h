@@ -1,5 +1,6 @@
 #pragma once
 
+#include <ostream>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -18,6 +19,8 @@ inline const Shortage kShortages[] = {Shortage::kOnce, Shortage::kFromThenOn};
 inline std::string NameOf(Shortage shortage) {
   return shortage == Shortage::kOnce ? "Once" : "FromThenOn";
 }
+
+inline void PrintTo(Shortage shortage, std::ostream* out) { *out << NameOf(shortage); }
 
 inline std::string ShortageName(const testing::TestParamInfo<Shortage>& info) {
   return NameOf(info.param);

@@ -19,6 +19,7 @@ class SharedNumber {
   SharedNumber& operator=(const SharedNumber&) = delete;
 
   int Get() const { return *m_number; }
+  void Set(int number) { *m_number = number; }
   int operator++() { return *m_number = *m_number + 1; }
 
  private:

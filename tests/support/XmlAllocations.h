@@ -14,10 +14,14 @@ namespace tests {
 class XmlAllocations {
  public:
   XmlAllocations() {
+    xmlResetLastError();  // its texts must go back to where they came from
     xmlMemGet(&m_free, &m_malloc, &m_realloc, &m_strdup);
     xmlMemSetup(Free, Allocate, Reallocate, Duplicate);
   }
-  ~XmlAllocations() { xmlMemSetup(m_free, m_malloc, m_realloc, m_strdup); }
+  ~XmlAllocations() {
+    xmlResetLastError();
+    xmlMemSetup(m_free, m_malloc, m_realloc, m_strdup);
+  }
 
   XmlAllocations(const XmlAllocations&) = delete;
   XmlAllocations& operator=(const XmlAllocations&) = delete;

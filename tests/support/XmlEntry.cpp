@@ -59,25 +59,30 @@ const char* FunctionOf(void* code) {
 
 const char* Entry() {
   std::array<void*, 256> frames{};
-  const auto end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
-  const auto inner = std::find_if(frames.begin(), end, IsOfLibxml2);
-  const auto outside = std::find_if_not(inner, end, IsOfLibxml2);
+  auto* const end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
+  auto* const inner = std::find_if(frames.begin(), end, IsOfLibxml2);
+  auto* const outside = std::find_if_not(inner, end, IsOfLibxml2);
   return inner == end ? "nowhere" : FunctionOf(*std::prev(outside));
 }
 
-}  // namespace
-
-XmlEntries& SharedXmlEntries() {
-  static void* const shared =
+XmlEntries& MapEntries() {
+  void* const shared =
       mmap(nullptr, sizeof(XmlEntries), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   if (shared == MAP_FAILED) std::abort();
   return *static_cast<XmlEntries*>(shared);
 }
 
+// Before the main function, so that every child process shares it.
+XmlEntries& s_entries = MapEntries();
+
+}  // namespace
+
+XmlEntries& SharedXmlEntries() { return s_entries; }
+
 void NoteXmlEntry() {
   XmlEntries& entries = SharedXmlEntries();
   const char* const name = Entry();
-  const auto end = entries.names.begin() + entries.count;
+  auto* const end = entries.names.begin() + entries.count;
   const bool isNew = std::find(entries.names.begin(), end, name) == end;
   if (isNew && entries.count < XmlEntries::kMost) *(entries.names.begin() + entries.count++) = name;
 }

@@ -19,8 +19,9 @@ bool LetsFailureOut(const std::function<void()>& operation, Thrown thrown) {
   return false;
 }
 
-/// What comes of the operation where its nth call fails.
-Fault FaultAt(int nth, Thrown thrown, const std::function<void()>& operation) {
+}  // namespace
+
+Fault WithPlatformCallFailing(int nth, Thrown thrown, const std::function<void()>& operation) {
   CallLog& log = CallLog::Instance();
   log.Clear();
   log.SetThrown(thrown);
@@ -31,14 +32,12 @@ Fault FaultAt(int nth, Thrown thrown, const std::function<void()>& operation) {
   return fault;
 }
 
-}  // namespace
-
 int WithEachPlatformCallFailing(Thrown thrown, const std::function<void()>& prepare,
                                 const std::function<void()>& operation,
                                 const std::function<void(const Fault&)>& check) {
   for (int nth = 1;; ++nth) {
     prepare();
-    const Fault fault = FaultAt(nth, thrown, operation);
+    const Fault fault = WithPlatformCallFailing(nth, thrown, operation);
     check(fault);
     if (fault.call.empty()) return nth - 1;
   }
