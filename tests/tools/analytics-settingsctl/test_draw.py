@@ -237,7 +237,28 @@ class ABackground(DrawTest):
                 self.assertFalse((self.directory / "out.svg").exists())
 
 
+    def test_that_was_cut_off_is_refused(self):
+        self.write("profile.xml", profile(("A", "a", 1, LINE)))
+        start = b"\xff\xd8\xff\xe0\x00\x04ab\xff\xc0\x00\x0b\x08\x00\x3c\x00\x50\x01\x01\x11\x00"
+        for data in (png.written(80, 60, self.BLUE)[:-4], start):
+            with self.subTest(data=data[:4]):
+                self.write("photo", data)
+                self.assert_refused(2, "photo: is an image that was cut off; name a whole one",
+                                    "draw", "profile.xml", "-o", "out.svg", "--background", "photo")
+
+
 class TheCommand(DrawTest):
+    def test_does_not_write_over_what_it_reads(self):
+        names = (self.write("profile.xml", profile(("A", "a", 1, LINE))),
+                 self.write("photo.png", png.written(80, 60, b"\0\0\xff")),
+                 self.write("analytics.ini", (EXAMPLES / "analytics.ini").read_text()))
+        (self.directory / "link").symlink_to("profile.xml")
+        for output in (*names, "./profile.xml", "link"):
+            with self.subTest(output=output):
+                self.assert_refused(2, f"{output}: is read for the picture; write it to another "
+                                    "file", "draw", "profile.xml", "-o", output, "--background",
+                                    "photo.png", "--settings", "analytics.ini")
+
     def test_draws_the_picture_of_the_documents(self):
         kept = (SOURCE / "docs" / "settingsctl-draw.svg").read_text()
         drawn = self.answer("draw", "examples/profile.xml", "-o", "-", "--size", "1280x720",
@@ -249,7 +270,8 @@ class TheCommand(DrawTest):
         for size in ("1280", "0x720", "-1x5", "12x", "1280x720x3", "99999x1", "axb", "1280*720"):
             with self.subTest(size=size):
                 self.assert_refused(
-                    2, f"--size {size} is no size: write width and height, such as 1280x720",
+                    2, f"--size {size} is no size: write width and height, such as 1280x720 and "
+                    "no more than 16384x16384",
                     "draw", "profile.xml", "-o", "out.svg", f"--size={size}")
 
     def test_keeps_a_former_picture_where_the_profile_is_bad(self):

@@ -177,6 +177,11 @@ class ADryRun(EditTest):
                                cwd=self.directory, input=difference, text=True)
                 self.assertEqual(self.read("patched.xml"), self.read("edited.xml"))
 
+    def test_of_a_name_with_a_blank_says_where_it_ends(self):
+        self.write("a b.xml", self.read("p.xml"))
+        diff = self.answer("set", "a b.xml", *self.set("2")[2:], "--dry-run")
+        self.assertEqual(diff.splitlines()[:2], ["--- a b.xml\t", "+++ a b.xml\t"])
+
     def test_tells_of_a_missing_line_break_at_the_end(self):
         self.write("p.xml", PROFILE.rstrip())
         self.assertIn("-</p>\n\\ No newline at end of file\n+</p>\n",

@@ -60,7 +60,8 @@ class EveryCommand(CommandTest):
 
     def test_does_not_wait_for_a_pipe_without_writer(self):
         os.mkfifo(self.directory / "f")
-        self.assert_refuses("f", "f: is empty", timeout=20)
+        self.assert_refuses("f", "f: is a pipe that nobody has written to; start its writer first",
+                            timeout=20)
 
     def test_refuses_a_truncated_file(self):
         text = (EXAMPLES / "analytics.ini").read_text()

@@ -26,6 +26,16 @@ class AWrittenFile(EditTest):
         state = (self.directory / "p.xml").stat()
         self.assertEqual((state.st_uid, state.st_gid), (1234, 5678))
 
+    @unittest.skipUnless(os.geteuid() == 0, "only root may act as another")
+    def test_of_somebody_else_becomes_its_writers_and_that_is_told(self):
+        self.directory.chmod(0o777)
+        (self.directory / "p.xml").chmod(0o666)
+        done = self.run_command(*self.set("2"), user=1234)
+        self.assertEqual(done.returncode, 0)
+        self.assertEqual(done.stderr, "analytics-settingsctl: p.xml: is now yours, for only root "
+                         "may give a file to its former owner\n")
+        self.assertEqual((self.directory / "p.xml").stat().st_uid, 1234)
+
     def test_that_is_new_has_the_usual_mode(self):
         self.answer(*self.set("2", "-o", "out.xml"), preexec_fn=lambda: os.umask(0o027))
         self.assertEqual((self.directory / "out.xml").stat().st_mode & 0o7777, 0o640)
@@ -103,6 +113,15 @@ class AFailedWrite(EditTest):
                               capture_output=True)
         self.assert_untouched(done, "p.xml: cannot be written, and nothing was changed: "
                                     "Permission denied; allow it, or write elsewhere with -o")
+
+    @unittest.skipUnless(os.geteuid() == 0, "only root may act as another")
+    def test_of_ones_own_file_that_is_read_only_leaves_it_as_it_was(self):
+        for path in (self.directory, self.directory / "p.xml"):
+            os.chown(path, 1234, 1234)
+        (self.directory / "p.xml").chmod(0o444)
+        self.assert_untouched(self.run_command(*self.set("2"), user=1234),
+                              "p.xml: cannot be written, and nothing was changed: Permission "
+                              "denied; allow it, or write elsewhere with -o")
 
     def test_into_a_missing_directory_is_told(self):
         done = self.run_command(*self.set("2", "-o", "none/out.xml"))

@@ -1,5 +1,7 @@
+#include <filesystem>
 #include <memory>
 #include <sstream>
+#include <system_error>
 
 #include <analytics/ProfileDoc.h>
 
@@ -36,7 +38,9 @@ Size SizeOf(const std::string& text) {
   const bool isUsual = size.width > 0 && size.width <= kLargestSide && size.height > 0 &&
                        size.height <= kLargestSide;
   if (isWhole && isUsual) return size;
-  throw Failure("--size " + text + " is no size: write width and height, such as 1280x720");
+  const std::string most = std::to_string(kLargestSide);
+  throw Failure("--size " + text + " is no size: write width and height, such as 1280x720 and " +
+                "no more than " + most + "x" + most);
 }
 
 PictureOptions OptionsOf(const Arguments& arguments, const Input& input) {
@@ -48,7 +52,17 @@ PictureOptions OptionsOf(const Arguments& arguments, const Input& input) {
   return options;
 }
 
+/// The picture must not take the place of what it is made of.
+void RequireOtherOutput(const Arguments& arguments) {
+  for (const std::string& input : {arguments.file, arguments.background, arguments.settings}) {
+    std::error_code absent;
+    if (std::filesystem::equivalent(input, arguments.output, absent))
+      throw Failure(arguments.output + ": is read for the picture; write it to another file");
+  }
+}
+
 void Run(const Arguments& arguments) {
+  RequireOtherOutput(arguments);
   LoadVocabulary(arguments.settings);
   const Input input = ReadInput(arguments.file);
   const PictureOptions options = OptionsOf(arguments, input);

@@ -36,7 +36,8 @@ void RequireEnd(const Expansion& expansion, const SettingsFile& file) {
                   1);
   }
   if (expansion.isTooLong) {
-    throw Failure(name + ": the text " + kGrowth + "; expand a part of it", 1);
+    throw Failure(
+        name + ": the text " + kGrowth + ", more than this command tries; expand a part of it", 1);
   }
 }
 

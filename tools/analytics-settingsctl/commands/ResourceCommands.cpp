@@ -1,6 +1,9 @@
+#include <charconv>
+#include <climits>
 #include <iostream>
 #include <memory>
 #include <string>
+#include <system_error>
 
 #include <analytics/ResourceUsageServer.h>
 
@@ -26,7 +29,7 @@ after it are what tells.
 )";
 
 struct Arguments {
-  int count = 0;
+  std::string count;
   bool asJson = false;
 };
 
@@ -36,26 +39,29 @@ void ShowAvailable(const Arguments& arguments) {
   std::cout << "Free units: " << units << "\n";
 }
 
-/// The library passes any number on, and the platform then silently does nothing.
-void RequireCount(int count) {
-  if (count >= 0) return;
-  throw Failure("reserve " + std::to_string(count) +
-                ": a number of units is 0 or more; reserve 0 gives all units back");
+/// The library passes any number on, and of one below 0 the platform silently does nothing.
+int CountOf(const std::string& text) {
+  int count = 0;
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, count);
+  if (read.ec == std::errc() && read.ptr == end && count >= 0) return count;
+  throw Failure("reserve " + text + ": a number of units is 0 to " + std::to_string(INT_MAX) +
+                "; reserve 0 gives all units back");
 }
 
 void Reserve(const Arguments& arguments) {
-  RequireCount(arguments.count);
+  const int count = CountOf(arguments.count);
   analytics::ResourceUsageServer server;
   const int before = server.AvailableResources();
-  server.ReserveResources(arguments.count);
+  server.ReserveResources(count);
   const int after = server.AvailableResources();
   if (arguments.asJson) {
-    return PrintJson({{"asked", arguments.count},
+    return PrintJson({{"asked", count},
                       {"freeBefore", before},
                       {"freeAfter", after},
                       {"outcomeReported", false}});
   }
-  std::cout << "Asked for:         " << arguments.count << "\nFree units before: " << before
+  std::cout << "Asked for:         " << count << "\nFree units before: " << before
             << "\nFree units after:  " << after
             << "\nThe platform does not report whether it accepted the claim; compare the free "
                "units.\n";

@@ -57,6 +57,12 @@ std::string Base64(const std::string& bytes) {
   return text.replace(text.size() - missing, missing, missing, '=');
 }
 
+/// Whether the mark is there that ends an image of this format; further bytes may follow it.
+bool HasEnd(const std::string& bytes, bool isPng) {
+  const std::string end = isPng ? "IEND\xAE\x42\x60\x82" : "\xFF\xD9";
+  return bytes.rfind(end) != std::string::npos;
+}
+
 }  // namespace
 
 Image ReadImage(const Input& input) {
@@ -65,6 +71,9 @@ Image ReadImage(const Input& input) {
   const Size size = isPng ? SizeOfPng(input.text) : isJpeg ? SizeOfJpeg(input.text) : Size{0, 0};
   if (size.width == 0 || size.height == 0) {
     throw Failure(input.name + ": is no PNG or JPEG image; convert it to one of them");
+  }
+  if (!HasEnd(input.text, isPng)) {
+    throw Failure(input.name + ": is an image that was cut off; name a whole one");
   }
   const std::string type = isPng ? "image/png" : "image/jpeg";
   return {size, "data:" + type + ";base64," + Base64(input.text)};

@@ -82,6 +82,13 @@ void RequireUnchanged(const std::string& name, off_t end, const struct stat& bef
   Refuse(name, "changed while it was read; try again");
 }
 
+[[noreturn]] void RefuseEmpty(const std::string& name, const struct stat& state) {
+  if (S_ISFIFO(state.st_mode)) {
+    Refuse(name, "is a pipe that nobody has written to; start its writer first");
+  }
+  Refuse(name, "is empty; name another, or write something into it");
+}
+
 /// A second reading of standard input would find nothing.
 void RequireFirstReading(const Input& input) {
   static bool s_isRead = false;
@@ -103,7 +110,7 @@ Input ReadInput(const std::string& path) {
   while (ReadMore(file, input) && !HasGrown(end(), before)) {
   }
   RequireUnchanged(input.name, end(), before, StateOf(file, input.name));
-  if (input.text.empty()) Refuse(input.name, "is empty; name another, or write something into it");
+  if (input.text.empty()) RefuseEmpty(input.name, before);
   return input;
 }
 

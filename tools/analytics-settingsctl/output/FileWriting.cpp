@@ -12,12 +12,14 @@
 
 #include "Failure.h"
 #include "input/FileDescriptor.h"
+#include "output/Messages.h"
 
 namespace settingsctl {
 namespace {
 
 constexpr mode_t kAllPermissions = 07777;
 constexpr mode_t kNewFile = 0666;
+constexpr auto kAnyOwner = static_cast<uid_t>(-1);
 constexpr int kMostLinks = 40;  // as many as the kernel follows
 constexpr const char* kUnchanged = ", and nothing was changed";
 
@@ -93,7 +95,7 @@ mode_t ModeOfNewFile() {
 /// Who may do what with a file; by default it is its writer's.
 struct Rights {
   mode_t mode;
-  uid_t owner = static_cast<uid_t>(-1);
+  uid_t owner = kAnyOwner;
   gid_t group = static_cast<gid_t>(-1);
 };
 
@@ -113,6 +115,13 @@ class Replacement {
   bool Write(const std::string& text, const Rights& rights) {
     return m_file.IsOpen() && WriteAll(m_file, text) && TakeOwner(rights) &&
            fchmod(m_file.Get(), rights.mode) == 0 && fsync(m_file.Get()) == 0;
+  }
+
+  /// Whether the file is somebody else's than what it was to be.
+  bool HasOtherOwner(const Rights& rights) const {
+    struct stat state {};
+    return rights.owner != kAnyOwner && fstat(m_file.Get(), &state) == 0 &&
+           state.st_uid != rights.owner;
   }
 
   bool TakePlaceOf(const std::string& target) {
@@ -146,6 +155,9 @@ void Replace(const std::string& path, const std::string& text, const Rights& rig
     Refuse(path, kUnchanged);
   }
   SyncDirectory(target);
+  if (replacement.HasOtherOwner(rights)) {
+    PrintMessage(path + ": is now yours, for only root may give a file to its former owner");
+  }
 }
 
 void WriteInto(int file, const std::string& path, const std::string& text) {
@@ -167,6 +179,7 @@ void WriteFile(const std::string& path, const std::string& text) {
   if (path == "-") return WriteInto(dup(STDOUT_FILENO), "standard output", text);
   if (stat(path.c_str(), &state) != 0) return Replace(path, text, {ModeOfNewFile()});
   if (!S_ISREG(state.st_mode)) return WriteInto(OpenSpecial(path), path, text);
+  if (access(path.c_str(), W_OK) != 0) Refuse(path, kUnchanged);
   Replace(path, text, {state.st_mode & kAllPermissions, state.st_uid, state.st_gid});
 }
 

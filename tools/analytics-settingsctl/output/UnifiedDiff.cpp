@@ -74,6 +74,12 @@ std::string Text(const Edits& edits, const Hunk& hunk) {
   return text;
 }
 
+/// A name as a line of its own in a heading; a tab ends one that holds blanks, as readers of
+/// differences expect.
+std::string Heading(const std::string& name) {
+  return name.find(' ') == std::string::npos ? name : name + "\t";
+}
+
 }  // namespace
 
 std::string UnifiedDiff(const std::string& oldName, const std::string& oldText,
@@ -81,7 +87,8 @@ std::string UnifiedDiff(const std::string& oldName, const std::string& oldText,
   const Edits edits = LineEdits(SplitLines(oldText), SplitLines(newText));
   std::string text;
   for (const Hunk& hunk : Hunks(edits)) text += Text(edits, hunk);
-  return text.empty() ? text : "--- " + oldName + "\n+++ " + newName + "\n" + text;
+  return text.empty() ? text
+                      : "--- " + Heading(oldName) + "\n+++ " + Heading(newName) + "\n" + text;
 }
 
 }  // namespace settingsctl
