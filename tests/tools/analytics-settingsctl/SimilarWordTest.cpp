@@ -64,6 +64,8 @@ TEST(ASimilarWord, DiffersFromAKnownOne) { EXPECT_EQ("", SimilarWord("rules", {"
 
 TEST(ASimilarWord, MayDifferInUpperCaseOnly) { EXPECT_EQ("rule", SimilarWord("RULE", {"rule"})); }
 
+TEST(ASimilarWord, IsNeverEmpty) { EXPECT_EQ("", SimilarWord("a", {"", "rule"})); }
+
 TEST(ASimilarWord, IsSoughtInVain) { EXPECT_EQ("", SimilarWord("anything", {})); }
 
 }  // namespace

@@ -25,7 +25,7 @@ class ACheck(CommandTest):
 
     def check(self, path):
         settings = path.with_name(f"{path.stem}.settings.ini")
-        options = ["--settings", settings] if settings.exists() else []
+        options = ["--settings", settings.name] if settings.exists() else []
         return self.run_command("check", *options, path.name, cwd=path.parent)
 
     def test_finds_what_is_bad(self):

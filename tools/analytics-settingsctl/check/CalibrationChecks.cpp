@@ -30,7 +30,7 @@ bool IsMeantAsCalibration(const ProfileVocabulary& words, const xmlNode* element
 void CheckPlace(const CheckedProfile& checked, const xmlNode* element) {
   const ProfileVocabulary& words = checked.words;
   if (!IsMeantAsCalibration(words, element) || IsRead(words, element)) return;
-  if (words.IsBelowLostOwner(element)) return;
+  if (!checked.placesAreKnown || words.IsBelowLostOwner(element)) return;
   const bool isInPlace = NamespaceOf(element) != words.kestalNs;
   checked.findings.Add("misplaced-calibration", LineOf(element),
                        "<" + WrittenName(element) + "> is never read: it is " +

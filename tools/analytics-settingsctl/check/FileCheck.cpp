@@ -30,7 +30,7 @@ std::string ReasonOf(const Failure& failure, const std::string& name) {
 class FileCheck {
  public:
   FileCheck(const std::string& path, const CheckOptions& options)
-      : m_findings(NameOf(path), options.without) {
+      : m_findings(NameOf(path), options.without), m_settings(options.settings) {
     try {
       Read(ReadInput(path), options);
     } catch (const Failure& failure) {
@@ -64,7 +64,7 @@ class FileCheck {
     analytics::ProfileDoc profile;
     profile.ParseString(m_input.text);
     NumberLines(profile, m_xml->Document());
-    CheckProfile(profile, m_findings);
+    CheckProfile(profile, m_findings, m_settings);
   }
 
   void CheckAsSettings() {
@@ -75,6 +75,7 @@ class FileCheck {
   }
 
   Findings m_findings;
+  const std::string m_settings;
   Input m_input;
   std::unique_ptr<XmlInput> m_xml;
   FileKind m_kind = FileKind::kSettings;
@@ -108,7 +109,7 @@ std::vector<Finding> CheckProfileText(const std::string& name, const std::string
   profile.ParseString(text);
   NumberLines(profile, xml.Document());
   Findings findings(name, {});
-  CheckProfile(profile, findings);
+  CheckProfile(profile, findings, {});
   return findings.ByLine();
 }
 

@@ -13,6 +13,7 @@ namespace settingsctl {
 struct CheckOptions {
   std::optional<FileKind> kind;   ///< none: told by the content
   std::set<std::string> without;  ///< names of checks that are switched off
+  std::string settings;           ///< how messages call the settings file; empty if it has no name
 };
 
 /// What came of the check of some files.

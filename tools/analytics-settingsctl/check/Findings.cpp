@@ -27,7 +27,7 @@ Findings::Findings(std::string file, std::set<std::string> without)
 void Findings::Add(const std::string& check, int line, const std::string& message) {
   const Check* row = FindCheck(check);
   if (!row) throw std::logic_error("there is no check '" + check + "'");
-  if (m_without.count(check) != 0) return;
+  if (!IsWanted(check)) return;
   m_findings.push_back({row, m_file, std::max(line, 1), Printable(message)});
 }
 

@@ -22,6 +22,9 @@ class Findings {
   /// @param without  names of the checks that are switched off
   Findings(std::string file, std::set<std::string> without);
 
+  /// Whether the check is switched on.
+  bool IsWanted(const std::string& check) const { return m_without.count(check) == 0; }
+
   /// Notes a finding, unless its check is switched off.
   ///
   /// @param check    a name of the table

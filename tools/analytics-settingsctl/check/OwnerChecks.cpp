@@ -1,7 +1,5 @@
 #include <algorithm>
 
-#include <analytics/DocumentNode.h>
-
 #include "check/Elements.h"
 #include "check/LostAttributes.h"
 #include "check/ProfileChecks.h"
@@ -64,42 +62,7 @@ void CheckSpelling(const CheckedProfile& checked, const xmlNode* element) {
                            ">: did you mean " + Quoted(meant) + "?");
 }
 
-std::size_t CountAndFree(const std::vector<analytics::DocumentNode*>& nodes) {
-  for (const analytics::DocumentNode* node : nodes) delete node;
-  return nodes.size();
-}
-
-std::size_t CountFound(analytics::ProfileDoc& profile) {
-  return CountAndFree(profile.SelectRules("")) + CountAndFree(profile.SelectEngines("")) +
-         CountAndFree(profile.SelectEventSinks(""));
-}
-
-std::size_t CountHeld(const CheckedProfile& checked) {
-  const auto& elements = checked.elements;
-  return static_cast<std::size_t>(
-      std::count_if(elements.begin(), elements.end(),
-                    [&](const xmlNode* element) { return checked.words.IsOwner(element); }));
-}
-
 }  // namespace
-
-bool CheckQueries(const CheckedProfile& checked) {
-  const std::size_t held = CountHeld(checked);
-  const std::size_t found = CountFound(checked.profile);
-  const int line = checked.elements.empty() ? 1 : LineOf(checked.elements.front());
-  if (found == 0 && held == 0) {
-    checked.findings.Add("nothing-found", line,
-                         "the library finds no rule, engine or event sink in this file");
-  }
-  if (found >= held) return true;
-  checked.findings.Add("unusable-prefix", line,
-                       "the library finds " + std::to_string(found) + " of " +
-                           std::to_string(held) +
-                           " rules, engines and event sinks: queries with the settings' prefixes " +
-                           Quoted(checked.words.onvifPrefix) + " and " +
-                           Quoted(checked.words.kestalPrefix) + " fail");
-  return false;
-}
 
 void CheckOwners(const CheckedProfile& checked) {
   for (xmlNode* element : checked.elements) {

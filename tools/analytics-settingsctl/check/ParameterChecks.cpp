@@ -12,7 +12,7 @@ bool IsItemName(const std::string& name) { return name == "SimpleItem" || name =
 /// What hangs below an owner that is not found is lost with it, and reported there.
 void CheckPlaceOfParameters(const CheckedProfile& checked, const xmlNode* element) {
   const ProfileVocabulary& words = checked.words;
-  if (!IsElement(element, words.onvifNs, "Parameters")) return;
+  if (!checked.placesAreKnown || !IsElement(element, words.onvifNs, "Parameters")) return;
   if (words.IsOwner(element->parent) || words.IsBelowLostOwner(element)) return;
   checked.findings.Add("misplaced-parameters", LineOf(element),
                        "<" + WrittenName(element) +

@@ -4,15 +4,16 @@
 
 namespace settingsctl {
 
-void CheckProfile(analytics::ProfileDoc& profile, Findings& findings) {
-  const CheckedProfile checked = {profile, ProfileVocabulary::OfSettings(), findings,
-                                  AllElements(profile)};
-  if (!CheckQueries(checked)) return;
+void CheckProfile(analytics::ProfileDoc& profile, Findings& findings, const std::string& settings) {
+  CheckedProfile checked = {profile, ProfileVocabulary::OfSettings(), findings,
+                            AllElements(profile), settings};
+  const UsableNamespaces usable = CheckQueries(checked);
+  if (!usable.onvif) return;
   CheckOwners(checked);
   CheckParameters(checked);
   CheckItems(checked);
   CheckGeometry(checked);
-  CheckCalibrations(checked);
+  if (usable.vendors) CheckCalibrations(checked);
 }
 
 }  // namespace settingsctl

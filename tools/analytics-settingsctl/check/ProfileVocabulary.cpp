@@ -17,6 +17,11 @@ bool HasAncestor(const xmlNode* element, Condition condition) {
   return false;
 }
 
+/// The white space that a query allows behind a tag, which still finds its elements.
+std::string WithoutBlanksBehind(const std::string& tag) {
+  return tag.substr(0, tag.find_last_not_of(" \t\r\n") + 1);
+}
+
 }  // namespace
 
 ProfileVocabulary ProfileVocabulary::OfSettings() {
@@ -25,9 +30,9 @@ ProfileVocabulary ProfileVocabulary::OfSettings() {
           Settings::OnvifPrefix(),
           Settings::KestalNs(),
           Settings::KestalPrefix(),
-          Settings::RuleTag(),
-          Settings::EngineTag(),
-          Settings::EventSinkTag(),
+          WithoutBlanksBehind(Settings::RuleTag()),
+          WithoutBlanksBehind(Settings::EngineTag()),
+          WithoutBlanksBehind(Settings::EventSinkTag()),
           {Settings::RulesTag(), Settings::EnginesTag(), Settings::EventSinksTag(),
            Settings::ProfileTag(), Settings::MediaSourceTag(), Settings::CameraPresetTag()}};
 }

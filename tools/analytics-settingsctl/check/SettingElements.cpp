@@ -1,8 +1,9 @@
 #include <algorithm>
+#include <set>
 
 #include "check/Elements.h"
+#include "check/MeantSettings.h"
 #include "check/SettingsChecks.h"
-#include "check/Similar.h"
 #include "input/LineNumbers.h"
 
 namespace settingsctl {
@@ -22,9 +23,38 @@ bool IsFound(const CheckedSettings& settings, const Setting& setting) {
   return settings.found.count(&setting) != 0;
 }
 
+int CountKnown(const xmlNode* element) {
+  int count = element->ns && IsKnownName(NameOf(element)) ? 1 : 0;
+  for (const xmlNode* child = element->children; child; child = child->next) {
+    if (child->type == XML_ELEMENT_NODE) count += CountKnown(child);
+  }
+  return count;
+}
+
+/// Whether the file is lost as a whole because its root puts it into a namespace.
+bool IsLostInNamespace(const CheckedSettings& settings) {
+  return settings.root->ns && settings.found.empty() && CountKnown(settings.root) > 0 &&
+         settings.findings.IsWanted("namespaced-element");
+}
+
+/// The settings whose lack follows from a misspelling or a namespace that is a finding itself; none
+/// if somebody does not want to be told of those.
+std::set<const Setting*> ExplainedSettings(const CheckedSettings& settings) {
+  const Findings& findings = settings.findings;
+  if (!findings.IsWanted("misspelt-element") || !findings.IsWanted("namespaced-element")) return {};
+  std::set<const Setting*> explained;
+  for (const xmlNode* element : settings.elements) {
+    if (const Setting* setting = MeantSetting(element)) explained.insert(setting);
+  }
+  return explained;
+}
+
 void CheckMissing(const CheckedSettings& settings) {
+  if (IsLostInNamespace(settings)) return;
+  const std::set<const Setting*> explained = ExplainedSettings(settings);
   for (const Setting& setting : AllSettings()) {
     if (!IsEmptiedWhenMissing(setting) || IsFound(settings, setting)) continue;
+    if (explained.count(&setting) != 0) continue;
     settings.findings.Add(IsName(setting) ? "empty-name" : "missing-text", LineOf(settings.root),
                           "the file has no " + ShownPath(setting) +
                               ", so the library uses an empty text instead of the built-in one" +
@@ -43,13 +73,8 @@ void CheckRepeated(const CheckedSettings& settings) {
   }
 }
 
-bool IsKnownName(const std::string& name) {
-  return std::binary_search(KnownNames().begin(), KnownNames().end(), name);
-}
-
 void CheckSpelling(const CheckedSettings& settings, const xmlNode* element) {
-  if (element == settings.root || element->ns || IsKnownName(NameOf(element))) return;
-  const std::string meant = SimilarWord(NameOf(element), NamesBelow(element->parent));
+  const std::string meant = MisspeltName(element);
   if (meant.empty()) return;
   settings.findings.Add(
       "misspelt-element", LineOf(element),
@@ -66,11 +91,12 @@ const Setting* LackedSetting(const CheckedSettings& settings, const xmlNode* ele
 }
 
 bool IsStrayVariable(const xmlNode* element) {
-  return IsElement(element, "", "variable") && !IsElement(element->parent, "", "variables");
+  if (!IsElement(element, "", "variable")) return false;
+  return element->parent->type != XML_ELEMENT_NODE || MeantName(element->parent) != "variables";
 }
 
 void CheckPlace(const CheckedSettings& settings, const xmlNode* element) {
-  if (element->ns || SettingOf(element)) return;
+  if (element->ns || MeantSetting(element)) return;
   if (IsStrayVariable(element)) {
     settings.findings.Add("misplaced-setting", LineOf(element),
                           "<variable> defines nothing here: variables are read from <variables>");
@@ -80,14 +106,6 @@ void CheckPlace(const CheckedSettings& settings, const xmlNode* element) {
   settings.findings.Add("misplaced-setting", LineOf(element),
                         "<" + NameOf(element) + "> is not read here: the setting is read from " +
                             ShownPath(*lacked) + ", which the file lacks");
-}
-
-int CountKnown(const xmlNode* element) {
-  int count = element->ns && IsKnownName(NameOf(element)) ? 1 : 0;
-  for (const xmlNode* child = element->children; child; child = child->next) {
-    if (child->type == XML_ELEMENT_NODE) count += CountKnown(child);
-  }
-  return count;
 }
 
 /// One finding for a whole tree of elements in namespaces: a single declaration puts them there.
@@ -106,13 +124,13 @@ void CheckNamespace(const CheckedSettings& settings, const xmlNode* element) {
 }  // namespace
 
 void CheckSettingElements(const CheckedSettings& settings) {
-  CheckMissing(settings);
-  CheckRepeated(settings);
   for (const xmlNode* element : settings.elements) {
     CheckSpelling(settings, element);
     CheckPlace(settings, element);
     CheckNamespace(settings, element);
   }
+  CheckMissing(settings);
+  CheckRepeated(settings);
 }
 
 }  // namespace settingsctl

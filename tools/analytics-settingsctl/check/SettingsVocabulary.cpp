@@ -1,6 +1,7 @@
 #include "check/SettingsVocabulary.h"
 
 #include <algorithm>
+#include <iterator>
 #include <map>
 #include <set>
 
@@ -9,24 +10,12 @@
 namespace settingsctl {
 namespace {
 
-/// The settings by the name of their own element.
-std::multimap<std::string, const Setting*> SettingsByName() {
-  std::multimap<std::string, const Setting*> settings;
-  for (const Setting& setting : AllSettings()) settings.emplace(LastName(setting), &setting);
-  return settings;
-}
+using SettingsTable = std::multimap<std::string, const Setting*>;
 
-/// The names of a path, the innermost first: "rule", "tags".
-std::vector<std::string> NamesFromInside(const std::string& path) {
-  std::vector<std::string> names;
-  std::size_t end = path.size();
-  while (end != std::string::npos) {
-    const std::size_t slash = end == 0 ? std::string::npos : path.rfind('/', end - 1);
-    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
-    names.push_back(path.substr(start, end - start));
-    end = slash;
-  }
-  return names;
+SettingsTable TableByName() {
+  SettingsTable table;
+  for (const Setting& setting : AllSettings()) table.emplace(LastName(setting), &setting);
+  return table;
 }
 
 /// Settings are found by their path alone, at any depth.
@@ -70,6 +59,18 @@ std::vector<std::string> TopNames() {
 
 }  // namespace
 
+std::vector<std::string> NamesFromInside(const std::string& path) {
+  std::vector<std::string> names;
+  std::size_t end = path.size();
+  while (end != std::string::npos) {
+    const std::size_t slash = end == 0 ? std::string::npos : path.rfind('/', end - 1);
+    const std::size_t start = slash == std::string::npos ? 0 : slash + 1;
+    names.push_back(path.substr(start, end - start));
+    end = slash;
+  }
+  return names;
+}
+
 const std::vector<Setting>& AllSettings() {
   static const std::vector<Setting> s_settings = {
       {"maxSessions", SettingKind::kNumber},
@@ -96,13 +97,21 @@ const std::vector<Setting>& AllSettings() {
   return s_settings;
 }
 
+std::vector<const Setting*> SettingsNamed(const std::string& name) {
+  static const SettingsTable s_table = TableByName();
+  std::vector<const Setting*> settings;
+  const auto range = s_table.equal_range(name);
+  std::transform(range.first, range.second, std::back_inserter(settings),
+                 [](const auto& entry) { return entry.second; });
+  return settings;
+}
+
 const Setting* SettingOf(const xmlNode* element) {
-  static const std::multimap<std::string, const Setting*> s_byName = SettingsByName();
-  const auto range = s_byName.equal_range(NameOf(element));
-  for (auto entry = range.first; entry != range.second; ++entry) {
-    if (Fits(element, *entry->second)) return entry->second;
-  }
-  return nullptr;
+  const std::vector<const Setting*> named = SettingsNamed(NameOf(element));
+  const auto found = std::find_if(named.begin(), named.end(), [element](const Setting* setting) {
+    return Fits(element, *setting);
+  });
+  return found == named.end() ? nullptr : *found;
 }
 
 const Setting* SettingOfPath(const std::string& path) {
@@ -124,6 +133,10 @@ std::string ShownPath(const Setting& setting) {
 const std::vector<std::string>& KnownNames() {
   static const std::vector<std::string> s_names = CollectNames();
   return s_names;
+}
+
+bool IsKnownName(const std::string& name) {
+  return std::binary_search(KnownNames().begin(), KnownNames().end(), name);
 }
 
 std::vector<std::string> NamesBelow(const xmlNode* parent) {

@@ -55,6 +55,7 @@ std::size_t Allowed(const std::string& word) { return word.size() < kLongWord ? 
 
 /// Words of very different lengths are not compared at all, however long the text is.
 bool IsSimilar(const std::string& text, const std::string& word) {
+  if (word.empty()) return false;
   const std::size_t longer = std::max(text.size(), word.size());
   if (longer - std::min(text.size(), word.size()) > Allowed(word)) return false;
   return EditDistance(text, word) <= Allowed(word);

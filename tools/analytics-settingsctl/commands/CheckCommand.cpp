@@ -57,7 +57,7 @@ void TellUnreadable(std::vector<Finding>& findings) {
 void RunChecks(const Arguments& arguments) {
   if (arguments.files.empty()) throw Failure("name a file to check, or - for standard input");
   CheckOptions options = OptionsOf(arguments);
-  LoadVocabulary(arguments.settings);
+  options.settings = LoadVocabulary(arguments.settings);
   const bool isUnwanted = options.without.erase(kUnreadable) > 0;
   CheckReport report = CheckFiles(arguments.files, options);
   if (isUnwanted) TellUnreadable(report.findings);

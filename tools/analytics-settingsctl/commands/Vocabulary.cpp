@@ -7,11 +7,12 @@
 
 namespace settingsctl {
 
-void LoadVocabulary(const std::string& file) {
+std::string LoadVocabulary(const std::string& file) {
   const bool isNamed = std::getenv(kSettingsVariable) != nullptr;
   const SettingsFile settings = LoadSettingsFile(file);
-  if (!isNamed || settings.problem.empty()) return;
-  PrintMessage("note: the built-in settings apply, because " + settings.problem);
+  if (settings.input) return settings.input->name;
+  if (isNamed) PrintMessage("note: the built-in settings apply, because " + settings.problem);
+  return {};
 }
 
 }  // namespace settingsctl
