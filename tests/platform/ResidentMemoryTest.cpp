@@ -9,8 +9,8 @@ void LoadRounds(int first, int last) {
   for (int round = first; round <= last; ++round) tests::LoadUseAndUnload(round);
 }
 
-// Not with a sanitizer, which keeps what was freed. The bound lies well below what 900 rounds would
-// add if each kept the implementation object, and above what loading itself makes memory vary by.
+// The bound lies well below what 900 rounds would add if each kept the implementation object, and
+// above what loading itself makes memory vary by.
 TEST(AThousandLoads, NeedNoMoreMemoryThanAHundred) {
   LoadRounds(1, 100);
   const long before = tests::ResidentBytes();
