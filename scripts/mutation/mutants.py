@@ -143,7 +143,7 @@ def begins_statement(tokens, index):
 
 
 CALL_OR_ASSIGNMENT = re.compile(
-    r'(?:\+\+|--)?[\w:.*>\[\]-]+(?:\(\)[\w.>-]*)*\s*(?:\(.*\)[\w.>-]*|\s=\s.*|)', re.DOTALL)
+    r'(?:\+\+|--)?[\w:.*>\[\]+-]+(?:\(\)[\w.>-]*)*\s*(?:\(.*\)[\w.>-]*|\s[-+]?=\s.*|)', re.DOTALL)
 DECLARED_OBJECT = re.compile(r'const \w+ (?P<name>\w+)(?:\(.*\))?', re.DOTALL)
 
 
