@@ -54,7 +54,7 @@ class AFirstUseWithoutXmlMemory
 
   /// Gives whether a process with this allocation failing comes to its end.
   bool Survives(int number, Outcome& outcome) const {
-    return tests::SurvivesInAChild([&] {
+    return tests::SurvivesUnlessXmlCrashes([&] {
       const long blocks = FailingXmlMemory::Live();
       const long objects = FailingAllocation::Live();
       UseFirst(number, outcome);
@@ -91,20 +91,14 @@ class AFirstUseWithoutXmlMemory
            profile.ParseString(kText) && tests::NodePtr(profile.SelectRule("A"));
   }
 
-  static bool Expects(tests::XmlMemoryEffect effect) {
-    return (tests::ExpectedEffects(FailingXmlMemory::Calls()) & effect) != 0;
-  }
-
   /// Expects no harm of one failing allocation and gives whether there is none of that number.
   bool IsPast(int number, const Outcome& undisturbed) const {
     Outcome outcome;
-    if (!Survives(number, outcome)) {
-      EXPECT_TRUE(Expects(tests::kCrashes)) << "allocation " << number;
-      return false;
-    }
-    EXPECT_TRUE(outcome.isUsable.Get()) << "allocation " << number;
-    EXPECT_TRUE(outcome.blocks.Get() == 0 || Expects(tests::kLeaks)) << "allocation " << number;
-    EXPECT_EQ(undisturbed.objects.Get(), outcome.objects.Get()) << "allocation " << number;
+    SCOPED_TRACE(number);
+    if (!Survives(number, outcome)) return false;
+    EXPECT_TRUE(outcome.isUsable.Get());
+    EXPECT_TRUE(outcome.blocks.Get() == 0 || tests::IsXmlFault(tests::kLeaks));
+    EXPECT_EQ(undisturbed.objects.Get(), outcome.objects.Get());
     tests::Count("xml_allocations_failed", outcome.failures.Get());
     return outcome.failures.Get() == 0;
   }

@@ -8,7 +8,6 @@
 #include "tests/support/FailingXmlMemory.h"
 #include "tests/support/Figures.h"
 #include "tests/support/LoadedLibrary.h"
-#include "tests/support/Survival.h"
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/XmlMemoryFaults.h"
 
@@ -83,17 +82,13 @@ class AFirstUseWithoutXmlMemory : public testing::TestWithParam<tests::Shortage>
     return failing.Failures();
   }
 
-  static bool Expects(tests::XmlMemoryEffect effect) {
-    return (tests::ExpectedEffects(tests::FailingXmlMemory::Calls()) & effect) != 0;
-  }
-
   /// Gives whether the first use came to a failure, which must have lost nothing.
   bool LosesNothing(int number) const {
     const long blocks = tests::FailingXmlMemory::Live();
     const long moment = tests::FailingXmlMemory::Now();
     const int failures = Use(number);
     const bool isLeak = tests::FailingXmlMemory::Live() != blocks;
-    EXPECT_FALSE(isLeak && !Expects(tests::kLeaks)) << "allocation " << number;
+    EXPECT_TRUE(!isLeak || tests::IsXmlFault(tests::kLeaks));
     tests::FailingXmlMemory::ReleaseLost(moment);
     tests::Count("xml_allocations_failed", failures);
     return failures > 0;
@@ -111,11 +106,8 @@ TEST_P(AFirstUseWithoutXmlMemory, HasTheValueOfTheFileOrTheBuiltInOne) {
   int number = 1;
   bool isFailing = true;
   for (; isFailing; ++number) {
-    if (tests::SurvivesInAChild([&] { Use(number); })) {
-      isFailing = LosesNothing(number);
-    } else {
-      EXPECT_TRUE(Expects(tests::kCrashes)) << "allocation " << number;
-    }
+    SCOPED_TRACE(number);
+    if (tests::SurvivesUnlessXmlCrashes([&] { Use(number); })) isFailing = LosesNothing(number);
   }
   EXPECT_GT(number, 2);
 }

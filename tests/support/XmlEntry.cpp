@@ -1,6 +1,7 @@
 #include "tests/support/XmlEntry.h"
 
 #include <algorithm>
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +11,10 @@
 #include <execinfo.h>
 #include <link.h>
 #include <sys/mman.h>
+#include <unistd.h>
+
+/// A sanitizer's, where there is one; it ends the process without a signal.
+extern "C" void __sanitizer_set_death_callback(void (*callback)()) __attribute__((weak));
 
 namespace tests {
 namespace {
@@ -62,7 +67,7 @@ const char* Entry() {
   auto* const end = frames.begin() + backtrace(frames.data(), static_cast<int>(frames.size()));
   auto* const inner = std::find_if(frames.begin(), end, IsOfLibxml2);
   auto* const outside = std::find_if_not(inner, end, IsOfLibxml2);
-  return inner == end ? "nowhere" : FunctionOf(*std::prev(outside));
+  return inner == end ? kNoXmlFunction : FunctionOf(*std::prev(outside));
 }
 
 XmlEntries& MapEntries() {
@@ -75,9 +80,24 @@ XmlEntries& MapEntries() {
 // Before the main function, so that every child process shares it.
 XmlEntries& s_entries = MapEntries();
 
+void NoteCrash() {
+  alarm(10);  // where memory is spoilt, walking the stack may never end
+  s_entries.crash = Entry();
+}
+
 }  // namespace
 
 XmlEntries& SharedXmlEntries() { return s_entries; }
+
+void NoteXmlEntryOfACrash() {
+  const auto onSignal = [](int signal) {
+    NoteCrash();
+    std::signal(signal, SIG_DFL);
+    std::raise(signal);
+  };
+  for (const int signal : {SIGSEGV, SIGBUS, SIGABRT}) std::signal(signal, onSignal);
+  if (__sanitizer_set_death_callback) __sanitizer_set_death_callback(NoteCrash);
+}
 
 void NoteXmlEntry() {
   XmlEntries& entries = SharedXmlEntries();

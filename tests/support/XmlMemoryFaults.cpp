@@ -1,8 +1,14 @@
 #include "tests/support/XmlMemoryFaults.h"
 
+#include <algorithm>
 #include <cstring>
 #include <ostream>
 
+#include <gtest/gtest.h>
+
+#include "tests/support/FailingXmlMemory.h"
+#include "tests/support/Figures.h"
+#include "tests/support/Survival.h"
 #include "tests/support/XmlEntry.h"
 
 namespace tests {
@@ -14,10 +20,12 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
        "what "
        "it has of the tree: elements without a name, without their text or their attributes."},
       {"xmlParseFile", kWrongAnswer | kWrongState, "As xmlParseMemory."},
-      {"xmlXPathEval", kLeaks | kWrongAnswer | kWrongState | kCrashes,
+      {"xmlXPathEval",
+       kLeaks | kWrongAnswer | kWrongState | kCrashes,
        "Without memory for the stack of values the parser context is freed twice. A step that "
        "cannot be made loses the ones before it. A node that cannot be added to the set is passed "
-       "over, so that the first selected node may be the second and DeleteNodes deletes fewer."},
+       "over, so that the first selected node may be the second and DeleteNodes deletes fewer.",
+       {"xmlXPathFreeObject"}},
       {"xmlHashUpdateEntry3", kLeaks,
        "Called by xmlXPathRegisterNs, which loses the copy of the URI that cannot be entered."},
       {"xmlNodeSetContent", kLeaks | kWrongState,
@@ -33,7 +41,10 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
       {"xmlNewNs", kWrongState, "A declaration whose prefix or URI cannot be copied stays."},
       {"xmlReconciliateNs", kWrongState,
        "A declaration that cannot be copied whole stays, or a name loses its namespace."},
-      {"xmlNodeDump", kCrashes, "The buffer that cannot grow is used all the same."},
+      {"xmlNodeDump",
+       kCrashes,
+       "The text of the buffer, which cannot grow, is freed and left in it.",
+       {"xmlBufferFree", kNoXmlFunction}},
       {kUnnamedXmlFunction, kWrongAnswer,
        "The declaration of the prefix xml, called by xmlSearchNs, keeps a record without a URI."},
   };
@@ -42,14 +53,61 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
 
 void PrintTo(const XmlMemoryFault& fault, std::ostream* out) { *out << fault.call; }
 
+namespace {
+
+const char* FigureOf(XmlMemoryEffect effect) {
+  if (effect == kLeaks) return "xml_leaks";
+  if (effect == kWrongAnswer) return "xml_wrong_answers";
+  return effect == kWrongState ? "xml_wrong_states" : "xml_crashes";
+}
+
+const XmlMemoryFault* FaultOf(const char* call) {
+  for (const XmlMemoryFault& fault : XmlMemoryFaults()) {
+    if (std::strcmp(fault.call, call) == 0) return &fault;
+  }
+  return nullptr;
+}
+
+/// Whether one of the functions in which allocations have failed is known to crash there.
+bool IsKnownToEndIn(const char* place) {
+  const auto isPlace = [place](const char* end) { return std::strcmp(place, end) == 0; };
+  const std::vector<const char*> calls = FailingXmlMemory::Calls();
+  return std::any_of(calls.begin(), calls.end(), [&isPlace](const char* call) {
+    const XmlMemoryFault* const fault = FaultOf(call);
+    if (!fault || (fault->effects & kCrashes) == 0) return false;
+    return isPlace(call) || std::any_of(fault->ends.begin(), fault->ends.end(), isPlace);
+  });
+}
+
+}  // namespace
+
 unsigned ExpectedEffects(const std::vector<const char*>& calls) {
   unsigned effects = 0;
   for (const char* const call : calls) {
-    for (const XmlMemoryFault& fault : XmlMemoryFaults()) {
-      if (std::strcmp(fault.call, call) == 0) effects |= fault.effects;
-    }
+    const XmlMemoryFault* const fault = FaultOf(call);
+    if (fault) effects |= fault->effects;
   }
   return effects;
+}
+
+bool IsXmlFault(XmlMemoryEffect effect) {
+  if ((ExpectedEffects(FailingXmlMemory::Calls()) & effect) == 0) return false;
+  Count(FigureOf(effect));
+  return true;
+}
+
+bool SurvivesUnlessXmlCrashes(const std::function<void()>& body) {
+  SharedXmlEntries().crash = nullptr;
+  const auto noted = [&body] {
+    NoteXmlEntryOfACrash();
+    body();
+  };
+  if (SurvivesInAChild(noted)) return true;
+  const char* const place = SharedXmlEntries().crash;
+  EXPECT_TRUE(place && IsKnownToEndIn(place))
+      << "the process ends in " << (place ? place : "a place unknown");
+  Count(FigureOf(kCrashes));
+  return false;
 }
 
 }  // namespace tests

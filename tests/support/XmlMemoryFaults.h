@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <iosfwd>
 #include <vector>
 
@@ -18,6 +19,7 @@ struct XmlMemoryFault {
   const char* call;
   unsigned effects;
   const char* why;
+  std::vector<const char*> ends = {};  // other functions that crash over what this one leaves
 };
 
 /// All that this library cannot make up for; a test shows each with libxml2 alone.
@@ -27,5 +29,13 @@ void PrintTo(const XmlMemoryFault& fault, std::ostream* out);
 
 /// The effects that are to be expected of these functions of libxml2.
 unsigned ExpectedEffects(const std::vector<const char*>& calls);
+
+/// Whether a fault of libxml2 accounts for this effect where its allocations have failed since the
+/// last scope of failing began; counts each that it does account for.
+bool IsXmlFault(XmlMemoryEffect effect);
+
+/// Whether a child process comes to the end of `body`; fails the test if it ends anywhere but
+/// within a function of libxml2 that is known to crash, and in which an allocation had failed.
+bool SurvivesUnlessXmlCrashes(const std::function<void()>& body);
 
 }  // namespace tests
