@@ -16,9 +16,8 @@ namespace tests {
 const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
   static const std::vector<XmlMemoryFault> s_faults = {
       {"xmlParseMemory", kWrongAnswer | kWrongState,
-       "The parser stops at a failed allocation without calling the text ill-formed, and gives "
-       "what "
-       "it has of the tree: elements without a name, without their text or their attributes."},
+       "The parser stops at a failed allocation without calling the text ill-formed, and gives a "
+       "part of the tree: elements without a name, without their text or their attributes."},
       {"xmlParseFile", kWrongAnswer | kWrongState, "As xmlParseMemory."},
       {"xmlXPathEval",
        kLeaks | kWrongAnswer | kWrongState | kCrashes,
@@ -29,12 +28,9 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
       {"xmlHashUpdateEntry3", kLeaks,
        "Called by xmlXPathRegisterNs, which loses the copy of the URI that cannot be entered."},
       {"xmlNodeSetContent", kLeaks | kWrongState,
-       "The former content is gone before the new one is made, of which a part may be left; the "
-       "text "
-       "of a reference is lost."},
+       "The former content is gone before the new one is made; a reference's text is lost."},
       {"xmlNewChild", kLeaks | kWrongAnswer | kWrongState,
-       "The child is added without the text, or a part of the text, or the name that it was to "
-       "have."},
+       "The child is added without its text, or a part of it, or without its name."},
       {"xmlSetNsProp", kWrongState,
        "Called by xmlSetProp, which keeps an attribute whose text it cannot make."},
       {"xmlAddChild", kWrongState, "A text that cannot be joined to its neighbour is freed."},
@@ -43,7 +39,7 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
        "A declaration that cannot be copied whole stays, or a name loses its namespace."},
       {"xmlNodeDump",
        kCrashes,
-       "The text of the buffer, which cannot grow, is freed and left in it.",
+       "The text of the buffer, which cannot grow, is freed and kept in it.",
        {"xmlBufferFree", kNoXmlFunction}},
       {kUnnamedXmlFunction, kWrongAnswer,
        "The declaration of the prefix xml, called by xmlSearchNs, keeps a record without a URI."},
