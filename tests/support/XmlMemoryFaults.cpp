@@ -64,32 +64,30 @@ const XmlMemoryFault* FaultOf(const char* call) {
   return nullptr;
 }
 
+bool Has(const XmlMemoryFault* fault, XmlMemoryEffect effect) {
+  return fault && (fault->effects & effect) != 0;
+}
+
 /// Whether one of the functions in which allocations have failed is known to crash there.
 bool IsKnownToEndIn(const char* place) {
   const auto isPlace = [place](const char* end) { return std::strcmp(place, end) == 0; };
   const std::vector<const char*> calls = FailingXmlMemory::Calls();
   return std::any_of(calls.begin(), calls.end(), [&isPlace](const char* call) {
     const XmlMemoryFault* const fault = FaultOf(call);
-    if (!fault || (fault->effects & kCrashes) == 0) return false;
+    if (!Has(fault, kCrashes)) return false;
     return isPlace(call) || std::any_of(fault->ends.begin(), fault->ends.end(), isPlace);
   });
 }
 
 }  // namespace
 
-unsigned ExpectedEffects(const std::vector<const char*>& calls) {
-  unsigned effects = 0;
-  for (const char* const call : calls) {
-    const XmlMemoryFault* const fault = FaultOf(call);
-    if (fault) effects |= fault->effects;
-  }
-  return effects;
-}
-
 bool IsXmlFault(XmlMemoryEffect effect) {
-  if ((ExpectedEffects(FailingXmlMemory::Calls()) & effect) == 0) return false;
-  Count(FigureOf(effect));
-  return true;
+  const std::vector<const char*> calls = FailingXmlMemory::Calls();
+  const bool isFault = std::any_of(calls.begin(), calls.end(), [effect](const char* call) {
+    return Has(FaultOf(call), effect);
+  });
+  if (isFault) Count(FigureOf(effect));
+  return isFault;
 }
 
 bool SurvivesUnlessXmlCrashes(const std::function<void()>& body) {

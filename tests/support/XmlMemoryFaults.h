@@ -27,9 +27,6 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults();
 
 void PrintTo(const XmlMemoryFault& fault, std::ostream* out);
 
-/// The effects that are to be expected of these functions of libxml2.
-unsigned ExpectedEffects(const std::vector<const char*>& calls);
-
 /// Whether a fault of libxml2 accounts for this effect where its allocations have failed since the
 /// last scope of failing began; counts each that it does account for.
 bool IsXmlFault(XmlMemoryEffect effect);
