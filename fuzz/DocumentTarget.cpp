@@ -204,7 +204,7 @@ void CompareClosed(Document& document, const std::string& path) {
   Require(!document.SaveToFile("") && !document.CreateSearchContext(), "a closed document");
   Require(!tests::NodePtr(document.SelectRootNode()), "the root of a closed document");
   Require(document.SelectNodes(path).empty(), "nodes of a closed document");
-  RequireSame(document.GetSingleValue(path, 7), 7, "an integer of a closed document");
+  RequireSame(document.GetSingleValue(path, 7, nullptr), 7, "an integer of a closed document");
   RequireSame(document.DeleteNodes(path), 0, "a deletion in a closed document");
   RequireSame(document.DumpToString(), "", "a dump of a closed document");
 }

@@ -88,7 +88,7 @@ class ANALYTICS_API Document {
 
   /// Text of the first node that `path` selects, see `DocumentNode::GetValue()`; empty if nothing
   /// is selected. A text node selected as such has no children, so "text()" reads as empty.
-  std::string GetSingleValue(const std::string& path, DocumentNode* context = nullptr);
+  std::string GetSingleValue(const std::string& path, DocumentNode* context);
 
   /// Texts of all nodes that `path` selects, in document order. Nodes with empty text are skipped,
   /// so the list can be shorter than the selection.
@@ -98,7 +98,7 @@ class ANALYTICS_API Document {
   /// Text of the first node that `path` selects, as an integer.
   ///
   /// @param defaultValue  the answer if nothing is selected or the text is empty or blank
-  int GetSingleValue(const std::string& path, int defaultValue, DocumentNode* context = nullptr);
+  int GetSingleValue(const std::string& path, int defaultValue, DocumentNode* context);
 
   /// Text of the first node that `path` selects, as a floating number of single precision.
   ///

@@ -92,15 +92,15 @@ class ANALYTICS_API ProfileDoc : public Document {
   /// @param context            a rule or engine, or its "Parameters" element
   /// @param throughParameters  which of both `context` is, see `SimpleItemQry`
   /// @return the text of "Value"; empty if there is no such item or attribute
-  std::string GetSimpleItemValue(const std::string& name, DocumentNode* context = nullptr,
+  std::string GetSimpleItemValue(const std::string& name, DocumentNode* context,
                                  bool throughParameters = true);
 
   /// Value of a simple item as an integer; else as the form for text.
   ///
   /// @param defaultValue  the answer if there is no such item or its value is empty or blank
   /// @return the number that the value starts with, 0 if it starts with none ("true")
-  int GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context = nullptr,
-                         bool throughParameters = true);
+  int GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context,
+                         bool throughParameters);
 
   /// Sets the value of a simple item that exists.
   ///

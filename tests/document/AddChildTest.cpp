@@ -24,7 +24,7 @@ TEST_F(AddingANode, AppendsADetachedNodeAsTheLastChild) {
   m_a.Unlink(false);
   m_root.AddChild(&m_a);
   EXPECT_EQ("<r><c x=\"2\"/><d/><a><b>1</b></a></r>", RootDump(m_document));
-  EXPECT_EQ("1", m_document.GetSingleValue("a/b"));
+  EXPECT_EQ("1", m_document.GetSingleValue("a/b", nullptr));
 }
 
 TEST_F(AddingANode, MovesANodeThatIsLinkedElsewhere) {
@@ -142,7 +142,7 @@ TEST_F(AddingANodeOfAnotherDocument, MovesIt) {
 TEST_F(AddingANodeOfAnotherDocument, LetsItOutliveItsFormerDocument) {
   NodeAt(m_target, "child").AddChild(&m_moved);
   m_source.Close();
-  EXPECT_EQ("er", m_target.GetSingleValue("child/moved/deep"));
+  EXPECT_EQ("er", m_target.GetSingleValue("child/moved/deep", nullptr));
   EXPECT_EQ("value", m_moved.GetProperty("name"));
 }
 
@@ -160,14 +160,14 @@ TEST_F(AddingANodeOfAnotherDocument, MovesItsRootElement) {
   DocumentNode root = NodeAt(m_source, "/s");
   NodeAt(m_target, "child").AddChild(&root);
   EXPECT_EQ(nullptr, tests::NodePtr(m_source.SelectRootNode())->Handle());
-  EXPECT_EQ("er", m_target.GetSingleValue("child/s/moved/deep"));
+  EXPECT_EQ("er", m_target.GetSingleValue("child/s/moved/deep", nullptr));
 }
 
 TEST_F(AddingANodeOfAnotherDocument, DoesNothingForItsDocumentNode) {
   DocumentNode document = NodeAt(m_source, "/");
   NodeAt(m_target, "/t").AddChild(&document);
   EXPECT_EQ("<t><child/></t>", RootDump(m_target));
-  EXPECT_EQ("er", m_source.GetSingleValue("moved/deep"));
+  EXPECT_EQ("er", m_source.GetSingleValue("moved/deep", nullptr));
 }
 
 TEST_F(AddingANodeOfAnotherDocument, KeepsItsNamespaceOnceThatIsReconciled) {
@@ -183,7 +183,7 @@ TEST_F(AddingANodeOfAnotherDocument, MovesADetachedOne) {
   m_moved.Unlink(false);
   NodeAt(m_target, "/t").AddChild(&m_moved);
   m_source.Close();
-  EXPECT_EQ("er", m_target.GetSingleValue("moved/deep"));
+  EXPECT_EQ("er", m_target.GetSingleValue("moved/deep", nullptr));
 }
 
 }  // namespace

@@ -23,8 +23,8 @@ void ExpectNoNodes(Document& document) {
 }
 
 void ExpectNoValues(Document& document) {
-  EXPECT_EQ("", document.GetSingleValue("//*"));
-  EXPECT_EQ(7, document.GetSingleValue("//*", 7));
+  EXPECT_EQ("", document.GetSingleValue("//*", nullptr));
+  EXPECT_EQ(7, document.GetSingleValue("//*", 7, nullptr));
   EXPECT_EQ(0.5, document.GetNumericValue("//*", 0.5));
   EXPECT_THAT(document.GetMultipleValues("//* | //@*"), IsEmpty());
   EXPECT_EQ("", document.DumpToString());
@@ -50,8 +50,8 @@ std::vector<std::string> ElementTexts(const std::vector<xmlNodePtr>& elements) {
 
 /// The typed readers, on the root element's text.
 void ExpectNumbers(const std::string& rootText, Document& document) {
-  EXPECT_EQ(rootText, document.GetSingleValue("/*"));
-  EXPECT_EQ(tests::LeadingInt(rootText, 7), document.GetSingleValue("/*", 7));
+  EXPECT_EQ(rootText, document.GetSingleValue("/*", nullptr));
+  EXPECT_EQ(tests::LeadingInt(rootText, 7), document.GetSingleValue("/*", 7, nullptr));
 }
 
 std::string RootName(Document& document) {
@@ -90,7 +90,7 @@ void ExpectAsParsedAlone(const std::string& text) {
 
 DamagedDocument::DamagedDocument() {
   // What libxml2 makes once, at its first use, is no leak.
-  ParsedDocument("<?xml version='1.0' encoding='UTF-8'?><a/>").GetSingleValue("/a");
+  ParsedDocument("<?xml version='1.0' encoding='UTF-8'?><a/>").GetSingleValue("/a", nullptr);
 }
 
 void DamagedDocument::CheckText(const std::string& text, const std::string& damage) {

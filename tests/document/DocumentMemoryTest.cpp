@@ -69,7 +69,7 @@ class DocumentSubject {
   std::string State() {
     const NodePtr open(document.SelectRootNode());
     if (!open) return "closed";
-    return open->DumpToString() + " a=" + document.GetSingleValue("a") +
+    return open->DumpToString() + " a=" + document.GetSingleValue("a", nullptr) +
            " point=" + std::to_string(point.x) + "," + std::to_string(point.y);
   }
 

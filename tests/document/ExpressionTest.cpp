@@ -54,12 +54,12 @@ TEST_P(AnExpressionWithoutNodes, SelectsNothing) {
 }
 
 TEST_P(AnExpressionWithoutNodes, GivesNoText) {
-  EXPECT_EQ("", m_document.GetSingleValue(m_path));
+  EXPECT_EQ("", m_document.GetSingleValue(m_path, nullptr));
   EXPECT_THAT(m_document.GetMultipleValues(m_path), IsEmpty());
 }
 
 TEST_P(AnExpressionWithoutNodes, GivesTheDefaultNumber) {
-  EXPECT_EQ(7, m_document.GetSingleValue(m_path, 7));
+  EXPECT_EQ(7, m_document.GetSingleValue(m_path, 7, nullptr));
   EXPECT_EQ(0.5, m_document.GetNumericValue(m_path, 0.5));
 }
 
@@ -69,13 +69,13 @@ TEST_P(AnExpressionWithoutNodes, DeletesNothing) {
 }
 
 TEST_P(AnExpressionWithoutNodes, IsReportedByLibxml2OnlyIfItIsInvalid) {
-  m_document.GetSingleValue(m_path);
+  m_document.GetSingleValue(m_path, nullptr);
   EXPECT_EQ(GetParam().reported, !m_errors.Codes().empty());
 }
 
 TEST_P(AnExpressionWithoutNodes, DoesNotDisturbTheNextQuery) {
-  m_document.GetSingleValue(m_path);
-  EXPECT_EQ("5", m_document.GetSingleValue("b"));
+  m_document.GetSingleValue(m_path, nullptr);
+  EXPECT_EQ("5", m_document.GetSingleValue("b", nullptr));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, AnExpressionWithoutNodes, testing::ValuesIn(kFruitless),
@@ -84,28 +84,28 @@ INSTANTIATE_TEST_SUITE_P(Rows, AnExpressionWithoutNodes, testing::ValuesIn(kFrui
 TEST(AnInvalidExpression, IsReportedOnStandardErrorUnlessTheProgramTakesReports) {
   ParsedDocument document("<a/>");
   testing::internal::CaptureStderr();
-  document.GetSingleValue("b[");
+  document.GetSingleValue("b[", nullptr);
   EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("XPath error"));
 }
 
 TEST(AnExpression, EndsAtItsFirstNul) {
   const std::string path("b\0[", 3);
   ParsedDocument document("<a><b>5</b></a>");
-  EXPECT_EQ("5", document.GetSingleValue(path));
+  EXPECT_EQ("5", document.GetSingleValue(path, nullptr));
   EXPECT_THAT(Dumps(document, path), ElementsAre("<b>5</b>"));
   EXPECT_EQ(1, document.DeleteNodes(path));
 }
 
 TEST(AnExpression, HoldsUtf8) {
   ParsedDocument document("<a><\xC3\xA4>\xC3\xB6</\xC3\xA4></a>");
-  EXPECT_EQ("\xC3\xB6", document.GetSingleValue("\xC3\xA4[.='\xC3\xB6']"));
+  EXPECT_EQ("\xC3\xB6", document.GetSingleValue("\xC3\xA4[.='\xC3\xB6']", nullptr));
 }
 
 TEST(AnExpression, TakesValuesAsTheyAre) {
   ParsedDocument document("<a><b n='&apos;'>5</b></a>");
-  EXPECT_EQ("5", document.GetSingleValue("b[@n=\"'\"]"));
+  EXPECT_EQ("5", document.GetSingleValue("b[@n=\"'\"]", nullptr));
   const tests::XmlErrors errors;
-  EXPECT_EQ("", document.GetSingleValue("b[@n=''']"));
+  EXPECT_EQ("", document.GetSingleValue("b[@n=''']", nullptr));
   EXPECT_THAT(errors.Codes(), Not(IsEmpty()));
 }
 

@@ -32,15 +32,15 @@ class ParsingAFile : public testing::Test {
 
 TEST_F(ParsingAFile, OpensTheDocument) {
   EXPECT_TRUE(m_document.ParseFile(m_directory.Write("a.xml", "<a><b>text</b></a>")));
-  EXPECT_EQ("text", m_document.GetSingleValue("b"));
+  EXPECT_EQ("text", m_document.GetSingleValue("b", nullptr));
   EXPECT_THAT(m_errors.Codes(), IsEmpty());
 }
 
 TEST_F(ParsingAFile, ReplacesTheFormerDocument) {
   ASSERT_TRUE(m_document.ParseFile(m_directory.Write("a.xml", "<a>first</a>")));
   ASSERT_TRUE(m_document.ParseFile(m_directory.Write("b.xml", "<b>second</b>")));
-  EXPECT_EQ("", m_document.GetSingleValue("/a"));
-  EXPECT_EQ("second", m_document.GetSingleValue("/b"));
+  EXPECT_EQ("", m_document.GetSingleValue("/a", nullptr));
+  EXPECT_EQ("second", m_document.GetSingleValue("/b", nullptr));
 }
 
 TEST_F(ParsingAFile, FindsANameWithBlanksAndUmlauts) {
@@ -78,7 +78,7 @@ TEST_F(ParsingAFile, NeedsTheFileNoLongerOnceItIsParsed) {
   const std::string path = m_directory.Write("a.xml", "<a>text</a>");
   ASSERT_TRUE(m_document.ParseFile(path));
   ASSERT_EQ(0, std::remove(path.c_str()));
-  EXPECT_EQ("text", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("text", m_document.GetSingleValue("/a", nullptr));
 }
 
 TEST_F(ParsingAFile, ReadsStandardInputForAHyphen) {
@@ -86,7 +86,7 @@ TEST_F(ParsingAFile, ReadsStandardInputForAHyphen) {
   tests::InFreshProcess([&] {
     ASSERT_NE(nullptr, std::freopen(path.c_str(), "r", stdin));
     EXPECT_TRUE(m_document.ParseFile("-"));
-    EXPECT_EQ("text", m_document.GetSingleValue("/a"));
+    EXPECT_EQ("text", m_document.GetSingleValue("/a", nullptr));
   });
 }
 

@@ -74,7 +74,7 @@ TEST_P(AFileName, IsOpenedAsTheFileOfThatName) {
   m_directory.Write(GetParam().file, "<a>text</a>");
   Document document;
   EXPECT_TRUE(document.ParseFile(m_path));
-  EXPECT_EQ("text", document.GetSingleValue("/a"));
+  EXPECT_EQ("text", document.GetSingleValue("/a", nullptr));
 }
 
 TEST_P(AFileName, IsSavedToAsTheFileOfThatName) {
@@ -92,7 +92,7 @@ class AnEscapedName : public testing::Test {
   std::string Opened() {
     Document document;
     document.ParseFile(m_directory.PathOf("a%20b.xml"));
-    return document.GetSingleValue("/a");
+    return document.GetSingleValue("/a", nullptr);
   }
 
   const tests::TemporaryDirectory m_directory;
@@ -187,7 +187,7 @@ TEST_F(WithoutPermission, SavingReportsSuccessAndLeavesTheFileAsItWas) {
   ParsedDocument document("<b>new</b>");
   EXPECT_TRUE((tests::Unprivileged(), document.SaveToFile(m_path)));
   EXPECT_EQ("<a>text</a>", tests::FileText(m_path));
-  EXPECT_EQ("new", document.GetSingleValue("/b"));
+  EXPECT_EQ("new", document.GetSingleValue("/b", nullptr));
 }
 
 TEST_F(WithoutPermission, SavingReportsSuccessAndMakesNoFileInAReadOnlyDirectory) {
@@ -217,7 +217,7 @@ TEST_P(ATargetThatTakesNothing, IsSavedToWithSuccessAndLeavesTheDocumentOpen) {
   if (!GetParam().file.empty()) directory.Write(GetParam().file, "former");
   ParsedDocument document("<a>text</a>");
   EXPECT_TRUE(document.SaveToFile(Resolved(GetParam().path, directory)));
-  EXPECT_EQ("text", document.GetSingleValue("/a"));
+  EXPECT_EQ("text", document.GetSingleValue("/a", nullptr));
   const long files = std::distance(fs::directory_iterator(directory.Path()), {});
   EXPECT_EQ(GetParam().file.empty() ? 0 : 1, files);
 }

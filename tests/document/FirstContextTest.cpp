@@ -46,7 +46,7 @@ TEST_F(TheFirstSearchContext, LoadsNothingIfItIsPlain) {
   tests::InFreshProcess([this] {
     ASSERT_TRUE(m_document.ParseString("<a><b>5</b></a>"));
     EXPECT_TRUE(m_document.CreateSearchContext());
-    EXPECT_EQ(5, m_document.GetSingleValue("b", 7));
+    EXPECT_EQ(5, m_document.GetSingleValue("b", 7, nullptr));
     EXPECT_THAT(Traced(), IsEmpty());
   });
 }

@@ -32,7 +32,7 @@ TEST_F(ANewChild, IsAppendedAgainWhateverIsThere) {
 
 TEST_F(ANewChild, IsFoundByQueries) {
   tests::NodePtr(m_parent.AddNewChild("c", "1")).reset();
-  EXPECT_EQ("1", m_document.GetSingleValue("a/c"));
+  EXPECT_EQ("1", m_document.GetSingleValue("a/c", nullptr));
 }
 
 TEST_F(ANewChild, MayBeEmpty) {
@@ -83,14 +83,15 @@ TEST_F(ANewChild, TakesTheNamespaceOfItsParent) {
   ParsedDocument document("<p:r xmlns:p='urn:p'/>");
   const tests::NodePtr child(NodeAt(document, "/*").AddNewChild("x", 7));
   EXPECT_EQ("<p:x>7</p:x>", child->DumpToString());
-  EXPECT_EQ("7", document.GetSingleValue("*[local-name()='x' and namespace-uri()='urn:p']"));
+  EXPECT_EQ("7",
+            document.GetSingleValue("*[local-name()='x' and namespace-uri()='urn:p']", nullptr));
 }
 
 TEST_F(ANewChild, TakesTheDefaultNamespaceOfItsParent) {
   ParsedDocument document("<r xmlns='urn:d'/>");
   const tests::NodePtr child(NodeAt(document, "/*").AddNewChild("x", 7));
   EXPECT_EQ("<r xmlns=\"urn:d\"><x>7</x></r>", RootDump(document));
-  EXPECT_EQ("7", document.GetSingleValue("*[namespace-uri()='urn:d']"));
+  EXPECT_EQ("7", document.GetSingleValue("*[namespace-uri()='urn:d']", nullptr));
 }
 
 TEST_F(ANewChild, StaysInTheTreeWhenItsHandleIsDeleted) {

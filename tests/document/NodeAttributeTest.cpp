@@ -74,7 +74,7 @@ TEST_F(ANodesAttribute, HasItsEntitiesSubstituted) {
 TEST_F(ANodesAttribute, IsAdded) {
   m_node.SetProperty("new", "value");
   EXPECT_EQ("value", m_node.GetProperty("new"));
-  EXPECT_EQ("value", m_document.GetSingleValue("a/@new"));
+  EXPECT_EQ("value", m_document.GetSingleValue("a/@new", nullptr));
 }
 
 TEST_F(ANodesAttribute, IsReplaced) {

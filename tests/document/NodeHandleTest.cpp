@@ -60,7 +60,7 @@ TEST_F(AHandle, IsDestroyedWithoutFreeingItsNode) {
   const void* const a = NodeAt(m_document, "a").Handle();
   { const DocumentNode copy = NodeAt(m_document, "a"); }
   EXPECT_EQ(0, freed.Count(a));
-  EXPECT_EQ("1", m_document.GetSingleValue("a"));
+  EXPECT_EQ("1", m_document.GetSingleValue("a", nullptr));
 }
 
 TEST_F(AHandle, OutlivesItsDocumentIfItIsNotUsed) {

@@ -29,11 +29,11 @@ constexpr NumberReader<int> kIntReaders[] = {
      [](const std::string& text, int fallback) { return NumberFromText(text, fallback); }},
     {"ADocumentOfAnElement",
      [](const std::string& text, int fallback) {
-       return DocumentOfText(text).GetSingleValue("/a", fallback);
+       return DocumentOfText(text).GetSingleValue("/a", fallback, nullptr);
      }},
     {"ADocumentOfAnAttribute",
      [](const std::string& text, int fallback) {
-       return DocumentOfText(text).GetSingleValue("@n", fallback);
+       return DocumentOfText(text).GetSingleValue("@n", fallback, nullptr);
      }},
     {"ANodeOfItsText",
      [](const std::string& text, int fallback) {

@@ -60,7 +60,7 @@ TEST_P(ASelectionThatOverlaps, LeavesADocumentThatGoesOnWorking) {
   ParsedDocument document(GetParam().text);
   document.DeleteNodes(GetParam().path);
   const tests::NodePtr child(NodeAt(document, "/r").AddNewChild("new", "text"));
-  EXPECT_EQ("text", document.GetSingleValue("new"));
+  EXPECT_EQ("text", document.GetSingleValue("new", nullptr));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, ASelectionThatOverlaps, testing::ValuesIn(kOverlaps),

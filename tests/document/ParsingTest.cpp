@@ -23,7 +23,7 @@ class ParsingText : public testing::Test {
 
 TEST_F(ParsingText, OpensTheDocument) {
   EXPECT_TRUE(m_document.ParseString("<a>text</a>"));
-  EXPECT_EQ("text", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("text", m_document.GetSingleValue("/a", nullptr));
   EXPECT_THAT(m_errors.Codes(), IsEmpty());
 }
 
@@ -73,7 +73,7 @@ TEST_P(IllFormedText, ClosesTheFormerDocument) {
   ParsedDocument document("<former>text</former>");
   EXPECT_FALSE(document.ParseString(GetParam().text));
   EXPECT_FALSE(tests::NodePtr(document.SelectRootNode()));
-  EXPECT_EQ("", document.GetSingleValue("/former"));
+  EXPECT_EQ("", document.GetSingleValue("/former", nullptr));
 }
 
 INSTANTIATE_TEST_SUITE_P(Rows, IllFormedText, testing::ValuesIn(kIllFormed),
@@ -82,19 +82,19 @@ INSTANTIATE_TEST_SUITE_P(Rows, IllFormedText, testing::ValuesIn(kIllFormed),
 TEST_F(ParsingText, ReplacesTheFormerDocument) {
   ASSERT_TRUE(m_document.ParseString("<a>first</a>"));
   ASSERT_TRUE(m_document.ParseString("<b>second</b>"));
-  EXPECT_EQ("", m_document.GetSingleValue("/a"));
-  EXPECT_EQ("second", m_document.GetSingleValue("/b"));
+  EXPECT_EQ("", m_document.GetSingleValue("/a", nullptr));
+  EXPECT_EQ("second", m_document.GetSingleValue("/b", nullptr));
 }
 
 TEST_F(ParsingText, WorksAgainAfterAFailure) {
   ASSERT_FALSE(m_document.ParseString("<a>"));
   ASSERT_TRUE(m_document.ParseString("<a>text</a>"));
-  EXPECT_EQ("text", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("text", m_document.GetSingleValue("/a", nullptr));
 }
 
 TEST_F(ParsingText, TakesAllBytesOfAStringNotOnlyThoseBeforeANul) {
   ASSERT_TRUE(m_document.ParseString(Utf16("<a>x</a>")));
-  EXPECT_EQ("x", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("x", m_document.GetSingleValue("/a", nullptr));
 }
 
 TEST_F(ParsingText, RefusesANulInsideTheRootElement) {
@@ -104,18 +104,18 @@ TEST_F(ParsingText, RefusesANulInsideTheRootElement) {
 
 TEST_F(ParsingText, ReadsTheDeclaredEncoding) {
   ASSERT_TRUE(m_document.ParseString("<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9</a>"));
-  EXPECT_EQ("\xC3\xA9", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("\xC3\xA9", m_document.GetSingleValue("/a", nullptr));
 }
 
 TEST_F(ParsingText, SkipsAByteOrderMark) {
   ASSERT_TRUE(m_document.ParseString("\xEF\xBB\xBF<a>\xC3\xA9</a>"));
-  EXPECT_EQ("\xC3\xA9", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("\xC3\xA9", m_document.GetSingleValue("/a", nullptr));
 }
 
 TEST_F(ParsingText, TakesNoMoreThanTheLengthFromABuffer) {
   const char text[] = "<a>text</a><b>what follows";
   ASSERT_TRUE(m_document.ParseString(text, 11));
-  EXPECT_EQ("text", m_document.GetSingleValue("/a"));
+  EXPECT_EQ("text", m_document.GetSingleValue("/a", nullptr));
 }
 
 TEST_F(ParsingText, RefusesABufferThatIsCutShort) {

@@ -38,15 +38,15 @@ TEST_F(TheBindings, HoldTheOnvifNamespaceWhateverPrefixTheFileUses) {
 
 TEST_F(TheBindings, HoldTheVendorsNamespace) {
   ASSERT_TRUE(m_document.ParseString(kProfile));
-  EXPECT_EQ("sink", m_document.GetSingleValue("//ka:eventSink"));
-  EXPECT_EQ("", m_document.GetSingleValue("//tt:eventSink"));
+  EXPECT_EQ("sink", m_document.GetSingleValue("//ka:eventSink", nullptr));
+  EXPECT_EQ("", m_document.GetSingleValue("//tt:eventSink", nullptr));
 }
 
 TEST_F(TheBindings, HoldNoPrefixOfTheFile) {
   const tests::XmlErrors errors;
   ASSERT_TRUE(m_document.ParseString(kProfile));
-  EXPECT_EQ("", m_document.GetSingleValue("//r:rule"));
-  EXPECT_EQ("", m_document.GetSingleValue("//k:eventSink"));
+  EXPECT_EQ("", m_document.GetSingleValue("//r:rule", nullptr));
+  EXPECT_EQ("", m_document.GetSingleValue("//k:eventSink", nullptr));
   EXPECT_THAT(errors.Codes(),
               ElementsAre(XML_XPATH_UNDEF_PREFIX_ERROR, XML_XPATH_UNDEF_PREFIX_ERROR));
 }
@@ -58,13 +58,13 @@ TEST_F(TheBindings, LeaveNamesWithoutPrefixToNoNamespace) {
 
 TEST_F(TheBindings, MatchUrisByteForByte) {
   ASSERT_TRUE(m_document.ParseString("<a xmlns='http://www.onvif.org/ver10/Schema'>text</a>"));
-  EXPECT_EQ("", m_document.GetSingleValue("/tt:a"));
+  EXPECT_EQ("", m_document.GetSingleValue("/tt:a", nullptr));
 }
 
 TEST_F(TheBindings, ServeEveryQuery) {
   ASSERT_TRUE(
       m_document.ParseString("<p xmlns='http://www.onvif.org/ver10/schema'><a>5</a><a>6</a></p>"));
-  EXPECT_EQ(5, m_document.GetSingleValue("tt:a", 7));
+  EXPECT_EQ(5, m_document.GetSingleValue("tt:a", 7, nullptr));
   EXPECT_EQ(6.0, m_document.GetNumericValue("tt:a[2]", 7));
   EXPECT_THAT(Dumps(m_document, "tt:a"), ElementsAre("<a>5</a>", "<a>6</a>"));
   EXPECT_EQ(2, m_document.DeleteNodes("/tt:p/tt:a"));
@@ -73,16 +73,16 @@ TEST_F(TheBindings, ServeEveryQuery) {
 TEST_F(TheBindings, AreMadeAgainByEveryParse) {
   ASSERT_TRUE(m_document.ParseString(kProfile));
   ASSERT_TRUE(m_document.ParseString(kProfile));
-  EXPECT_EQ("rule", m_document.GetSingleValue("//tt:rule"));
+  EXPECT_EQ("rule", m_document.GetSingleValue("//tt:rule", nullptr));
 }
 
 TEST_F(TheBindings, VanishWithTheirContext) {
   ShownDocument document;
   ASSERT_TRUE(document.ParseString(kProfile));
   ASSERT_TRUE(document.Implementation().CreateXPathContext(true));
-  EXPECT_EQ("rule", document.GetSingleValue("//tt:rule"));
+  EXPECT_EQ("rule", document.GetSingleValue("//tt:rule", nullptr));
   ASSERT_TRUE(document.CreateSearchContext());
-  EXPECT_EQ("", document.GetSingleValue("//tt:rule"));
+  EXPECT_EQ("", document.GetSingleValue("//tt:rule", nullptr));
 }
 
 /// Bindings under settings of a file, each test in a process of its own.
@@ -113,10 +113,10 @@ TEST_F(TheBindingsOfAFile, TakeThePlaceOfTheBuiltInOnes) {
   tests::InFreshProcess([this] {
     Load(Namespaces(Binding("on", "urn:one"), Binding("v", "urn:two")));
     ASSERT_TRUE(m_document.ParseString(kTwoNamespaces));
-    EXPECT_EQ("one", m_document.GetSingleValue("//on:x"));
-    EXPECT_EQ("two", m_document.GetSingleValue("//v:x"));
-    EXPECT_EQ("", m_document.GetSingleValue("//tt:x"));
-    EXPECT_EQ("", m_document.GetSingleValue("//ka:x"));
+    EXPECT_EQ("one", m_document.GetSingleValue("//on:x", nullptr));
+    EXPECT_EQ("two", m_document.GetSingleValue("//v:x", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//tt:x", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//ka:x", nullptr));
   });
 }
 
@@ -125,8 +125,8 @@ TEST_F(TheBindingsOfAFile, AreThoseOfTheLastLoadWhenTheContextIsMade) {
     Load(Namespaces(Binding("on", "urn:one"), Binding("v", "urn:two")));
     Load(Namespaces(Binding("on", "urn:two"), Binding("v", "urn:one")));
     ASSERT_TRUE(m_document.ParseString(kTwoNamespaces));
-    EXPECT_EQ("two", m_document.GetSingleValue("//on:x"));
-    EXPECT_EQ("one", m_document.GetSingleValue("//v:x"));
+    EXPECT_EQ("two", m_document.GetSingleValue("//on:x", nullptr));
+    EXPECT_EQ("one", m_document.GetSingleValue("//v:x", nullptr));
   });
 }
 
@@ -134,11 +134,11 @@ TEST_F(TheBindingsOfAFile, DoNotReachAnOpenDocumentUntilItsContextIsMadeAgain) {
   tests::InFreshProcess([this] {
     ASSERT_TRUE(m_document.ParseString(kProfile));
     Load(Namespaces(Binding("on", "http://www.onvif.org/ver10/schema"), Binding("v", "urn:two")));
-    EXPECT_EQ("rule", m_document.GetSingleValue("//tt:rule"));
-    EXPECT_EQ("", m_document.GetSingleValue("//on:rule"));
+    EXPECT_EQ("rule", m_document.GetSingleValue("//tt:rule", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//on:rule", nullptr));
     ASSERT_TRUE(m_document.CreateSearchContext());
-    EXPECT_EQ("rule", m_document.GetSingleValue("//on:rule"));
-    EXPECT_EQ("", m_document.GetSingleValue("//tt:rule"));
+    EXPECT_EQ("rule", m_document.GetSingleValue("//on:rule", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//tt:rule", nullptr));
   });
 }
 
@@ -147,8 +147,8 @@ TEST_F(TheBindingsOfAFile, ReachTheNextDocumentThatIsParsed) {
     ASSERT_TRUE(m_document.ParseString(kProfile));
     Load(Namespaces(Binding("on", "http://www.onvif.org/ver10/schema"), Binding("v", "urn:two")));
     ASSERT_TRUE(m_document.ParseString(kProfile));
-    EXPECT_EQ("rule", m_document.GetSingleValue("//on:rule"));
-    EXPECT_EQ("", m_document.GetSingleValue("//tt:rule"));
+    EXPECT_EQ("rule", m_document.GetSingleValue("//on:rule", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//tt:rule", nullptr));
   });
 }
 
@@ -158,10 +158,10 @@ TEST_F(TheBindingsOfAFile, OmitAnEmptyPrefixSilently) {
     const tests::XmlErrors errors;
     EXPECT_TRUE(m_document.ParseString(kTwoNamespaces));
     EXPECT_THAT(errors.Codes(), IsEmpty());
-    EXPECT_EQ("two", m_document.GetSingleValue("//v:x"));
-    EXPECT_EQ("", m_document.GetSingleValue("//:x"));
-    EXPECT_EQ("", m_document.GetSingleValue("//x"));
-    EXPECT_EQ("", m_document.GetSingleValue("//tt:x"));
+    EXPECT_EQ("two", m_document.GetSingleValue("//v:x", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//:x", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//x", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//tt:x", nullptr));
   });
 }
 
@@ -171,8 +171,8 @@ TEST_F(TheBindingsOfAFile, OmitAnEmptyVendorPrefixToo) {
     const tests::XmlErrors errors;
     EXPECT_TRUE(m_document.ParseString(kTwoNamespaces));
     EXPECT_THAT(errors.Codes(), IsEmpty());
-    EXPECT_EQ("one", m_document.GetSingleValue("//on:x"));
-    EXPECT_EQ("", m_document.GetSingleValue("//ka:x"));
+    EXPECT_EQ("one", m_document.GetSingleValue("//on:x", nullptr));
+    EXPECT_EQ("", m_document.GetSingleValue("//ka:x", nullptr));
   });
 }
 

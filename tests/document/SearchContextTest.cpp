@@ -56,7 +56,7 @@ TEST_F(ASearchContext, IsNotAskedForAfterAFailedParse) {
 
 TEST_F(ASearchContext, IsNotAskedForByQueries) {
   ASSERT_TRUE(m_document.ParseString("<a><b>5</b></a>"));
-  EXPECT_EQ("5", m_document.GetSingleValue("b"));
+  EXPECT_EQ("5", m_document.GetSingleValue("b", nullptr));
   EXPECT_EQ(1, m_document.DeleteNodes("b"));
   EXPECT_EQ(1, m_document.Asked());
 }
@@ -65,7 +65,7 @@ TEST_F(ASearchContext, IsMadeAgainAtAnyTimeWhileADocumentIsOpen) {
   ASSERT_TRUE(m_document.ParseString("<a><b>5</b></a>"));
   EXPECT_TRUE(m_document.CreateSearchContext());
   EXPECT_TRUE(m_document.CreateSearchContext());
-  EXPECT_EQ("5", m_document.GetSingleValue("b"));
+  EXPECT_EQ("5", m_document.GetSingleValue("b", nullptr));
 }
 
 TEST_F(ASearchContext, ThatCannotBeMadeFailsNoParse) {
@@ -92,8 +92,8 @@ TEST_F(ASearchContext, OfAPlainDocumentBindsNoPrefixOfProfiles) {
 
 TEST_F(ASearchContext, OfAPlainDocumentFindsNamespacedElementsByLocalName) {
   ASSERT_TRUE(m_document.ParseString("<p:a xmlns:p='urn:p'><p:b>5</p:b></p:a>"));
-  EXPECT_EQ("5", m_document.GetSingleValue("*[local-name()='b']"));
-  EXPECT_EQ("", m_document.GetSingleValue("b"));
+  EXPECT_EQ("5", m_document.GetSingleValue("*[local-name()='b']", nullptr));
+  EXPECT_EQ("", m_document.GetSingleValue("b", nullptr));
 }
 
 }  // namespace

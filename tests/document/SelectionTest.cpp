@@ -144,8 +144,8 @@ TEST_F(SelectingNamespaceNodes, GivesAnEmptyNodeAsTheFirst) {
 }
 
 TEST_F(SelectingNamespaceNodes, GivesEmptyTexts) {
-  EXPECT_EQ("", m_document.GetSingleValue("namespace::p"));
-  EXPECT_EQ(7, m_document.GetSingleValue("namespace::p", 7));
+  EXPECT_EQ("", m_document.GetSingleValue("namespace::p", nullptr));
+  EXPECT_EQ(7, m_document.GetSingleValue("namespace::p", 7, nullptr));
   EXPECT_EQ(0.5, m_document.GetNumericValue("namespace::p", 0.5));
   EXPECT_THAT(m_document.GetMultipleValues("namespace::*"), IsEmpty());
 }

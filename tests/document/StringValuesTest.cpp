@@ -48,7 +48,7 @@ class ASingleValue : public testing::TestWithParam<Row> {};
 
 TEST_P(ASingleValue, IsTheTextOfTheFirstNode) {
   ParsedDocument document(GetParam().text);
-  EXPECT_EQ(GetParam().expected, document.GetSingleValue(GetParam().path));
+  EXPECT_EQ(GetParam().expected, document.GetSingleValue(GetParam().path, nullptr));
 }
 
 TEST_P(ASingleValue, IsWhatItsNodeGives) {
@@ -103,7 +103,7 @@ TEST(MultipleValues, AreNoneOfTextNodes) {
 
 TEST(Values, AreCopiesThatOutliveTheDocument) {
   ParsedDocument document("<a><b>text</b></a>");
-  const std::string single = document.GetSingleValue("b");
+  const std::string single = document.GetSingleValue("b", nullptr);
   const std::vector<std::string> multiple = document.GetMultipleValues("b");
   document.Close();
   EXPECT_EQ("text", single);

@@ -14,7 +14,7 @@ int Work() {
   for (int round = 0; round < 100; ++round) {
     ParsedDocument document("<r><a>1</a><a>2</a></r>");
     const tests::NodePtr child(NodeAt(document, "/r").AddNewChild("b", round));
-    sum += document.GetSingleValue("b", 0) + document.DeleteNodes("a");
+    sum += document.GetSingleValue("b", 0, nullptr) + document.DeleteNodes("a");
   }
   return sum;
 }

@@ -42,25 +42,25 @@ TEST_F(ATypedValue, IsTheNumberThatTheTextStartsWith) {
 }
 
 TEST_F(ATypedValue, IsReadFromTheFirstNodeOnly) {
-  EXPECT_EQ(1, m_document.GetSingleValue("twice", 7));
+  EXPECT_EQ(1, m_document.GetSingleValue("twice", 7, nullptr));
   EXPECT_EQ(1.0, m_document.GetNumericValue("twice", 0.5));
 }
 
 TEST_F(ATypedValue, OfAnEmptyFirstNodeIsTheDefaultWhateverFollows) {
-  EXPECT_EQ(7, m_document.GetSingleValue("late", 7));
+  EXPECT_EQ(7, m_document.GetSingleValue("late", 7, nullptr));
   EXPECT_EQ(0.5, m_document.GetNumericValue("late", 0.5));
 }
 
 TEST_F(ATypedValue, IsReadFromTheTextAroundChildElements) {
-  EXPECT_EQ(12, m_document.GetSingleValue("mixed", 7));
+  EXPECT_EQ(12, m_document.GetSingleValue("mixed", 7, nullptr));
 }
 
 TEST_F(ATypedValue, IsReadFromAnAttribute) {
-  EXPECT_EQ(3, m_document.GetSingleValue("width/@x", 7));
+  EXPECT_EQ(3, m_document.GetSingleValue("width/@x", 7, nullptr));
 }
 
 TEST_F(ATypedValue, OfATextNodeIsTheDefault) {
-  EXPECT_EQ(7, m_document.GetSingleValue("width/text()", 7));
+  EXPECT_EQ(7, m_document.GetSingleValue("width/text()", 7, nullptr));
 }
 
 TEST_F(ATypedValue, ThatIsFloatingHasSinglePrecision) {

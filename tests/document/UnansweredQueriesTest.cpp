@@ -69,7 +69,7 @@ TEST_P(ADocumentThatCannotSearch, SelectsNoNodes) {
 }
 
 TEST_P(ADocumentThatCannotSearch, GivesAnEmptyText) {
-  EXPECT_EQ("", m_document->GetSingleValue("//b"));
+  EXPECT_EQ("", m_document->GetSingleValue("//b", nullptr));
   EXPECT_EQ("", m_document->GetSingleValue("b", &m_empty));
   EXPECT_EQ("", m_document->GetSingleValue("b", &m_foreign));
 }
@@ -81,7 +81,7 @@ TEST_P(ADocumentThatCannotSearch, GivesNoTexts) {
 }
 
 TEST_P(ADocumentThatCannotSearch, GivesTheDefaultInteger) {
-  EXPECT_EQ(7, m_document->GetSingleValue("//b", 7));
+  EXPECT_EQ(7, m_document->GetSingleValue("//b", 7, nullptr));
   EXPECT_EQ(7, m_document->GetSingleValue("b", 7, &m_empty));
   EXPECT_EQ(7, m_document->GetSingleValue("b", 7, &m_foreign));
 }
@@ -108,7 +108,7 @@ TEST_P(ADocumentThatCannotSearch, LeavesAPointAsItWas) {
 
 TEST_P(ADocumentThatCannotSearch, DoesNotEvenReadAnInvalidExpression) {
   EXPECT_EQ(nullptr, m_document->SelectNode("a["));
-  EXPECT_EQ("", m_document->GetSingleValue("a["));
+  EXPECT_EQ("", m_document->GetSingleValue("a[", nullptr));
   EXPECT_EQ(0, m_document->DeleteNodes("a["));
   EXPECT_THAT(m_errors.Codes(), IsEmpty());
 }

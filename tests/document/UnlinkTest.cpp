@@ -96,14 +96,14 @@ TEST_F(Unlinking, LeavesTheDocumentNodeToItsDocument) {
   above.Unlink(true);
   EXPECT_EQ(nullptr, above.Handle());
   EXPECT_EQ(0, m_freed.Count(handle));
-  EXPECT_EQ("3", m_document.GetSingleValue("a/b"));
+  EXPECT_EQ("3", m_document.GetSingleValue("a/b", nullptr));
 }
 
 TEST_F(Unlinking, DoesNotDetachTheDocumentNode) {
   DocumentNode above = NodeAt(m_document, "/");
   above.Unlink(false);
   EXPECT_EQ(above.Handle(), NodeAt(m_document, "/").Handle());
-  EXPECT_EQ("3", m_document.GetSingleValue("a/b"));
+  EXPECT_EQ("3", m_document.GetSingleValue("a/b", nullptr));
 }
 
 }  // namespace

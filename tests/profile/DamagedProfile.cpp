@@ -34,8 +34,8 @@ void ExpectNoElements(ProfileDoc& profile) {
 }
 
 void ExpectNoItems(ProfileDoc& profile) {
-  EXPECT_EQ("", profile.GetSimpleItemValue("Active"));
-  EXPECT_EQ(5, profile.GetSimpleItemValue("Active", 5));
+  EXPECT_EQ("", profile.GetSimpleItemValue("Active", nullptr));
+  EXPECT_EQ(5, profile.GetSimpleItemValue("Active", 5, nullptr, true));
   EXPECT_FALSE(profile.SetSimpleItemValue("Active", 5));
   EXPECT_TRUE(profile.SetOrAddSimpleItemValue("Active", 5));
   EXPECT_FALSE(profile.RuleIsActive(""));
@@ -77,7 +77,7 @@ void ExpectItems(const TreeReading& tree, ProfileDoc& profile) {
     const std::string value = tree.ItemValue(expected[index], "Sensitivity");
     EXPECT_EQ(value, profile.GetSimpleItemValue("Sensitivity", rules[index].get()));
     EXPECT_EQ(LeadingInt(value, 5),
-              profile.GetSimpleItemValue("Sensitivity", 5, rules[index].get()));
+              profile.GetSimpleItemValue("Sensitivity", 5, rules[index].get(), true));
   }
   EXPECT_EQ(tree.ActiveTypes(), profile.ActiveRules());
   EXPECT_EQ(tree.HasActiveRule(), profile.RuleIsActive(""));

@@ -47,15 +47,13 @@ TEST_F(ASimpleItem, IsNotFoundFromItsParametersWithTheFullPath) {
 TEST_F(ASimpleItem, TakesTheFullPathUnlessToldOtherwise) {
   ParseRule("<tt:SimpleItem Name='a' Value='1'/>");
   EXPECT_EQ("1", m_profile.GetSimpleItemValue("a", m_rule.get()));
-  EXPECT_EQ(1, m_profile.GetSimpleItemValue("a", 5, m_rule.get()));
 }
 
-TEST_F(ASimpleItem, IsLookedUpFromTheRootUnlessAContextIsGiven) {
+TEST_F(ASimpleItem, IsLookedUpFromTheRootWithoutContext) {
   ParseWhole(RootTag("tt:rule") + "<tt:Parameters><tt:SimpleItem Name='a' Value='7'/>" +
              "</tt:Parameters></tt:rule>");
-  EXPECT_EQ("7", m_profile.GetSimpleItemValue("a"));
+  EXPECT_EQ("7", m_profile.GetSimpleItemValue("a", nullptr));
   EXPECT_EQ("7", m_profile.GetSimpleItemValue("a", nullptr, true));
-  EXPECT_EQ(7, m_profile.GetSimpleItemValue("a", 5));
   EXPECT_EQ(7, m_profile.GetSimpleItemValue("a", 5, nullptr, true));
 }
 

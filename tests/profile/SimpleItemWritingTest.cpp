@@ -106,9 +106,9 @@ TEST_F(ASetItem, IsLookedUpFromTheRootUnlessAContextIsGiven) {
   ParseWhole(RootTag("tt:rule") + "<tt:Parameters><tt:SimpleItem Name='a' Value='7'/>" +
              "</tt:Parameters></tt:rule>");
   EXPECT_TRUE(m_profile.SetSimpleItemValue("a", 8));
-  EXPECT_EQ(8, m_profile.GetSimpleItemValue("a", 5));
+  EXPECT_EQ(8, m_profile.GetSimpleItemValue("a", 5, nullptr, true));
   EXPECT_TRUE(m_profile.SetSimpleItemValue("a", "nine", nullptr));
-  EXPECT_EQ("nine", m_profile.GetSimpleItemValue("a"));
+  EXPECT_EQ("nine", m_profile.GetSimpleItemValue("a", nullptr));
 }
 
 TEST_F(ASetItem, MayBelongToAnEngine) {

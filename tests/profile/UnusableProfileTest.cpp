@@ -96,9 +96,9 @@ TEST_P(AnUnusableProfile, DeletesNoRules) {
 }
 
 TEST_P(AnUnusableProfile, HasNoSimpleItems) {
-  EXPECT_EQ("", m_profile->GetSimpleItemValue("Active"));
+  EXPECT_EQ("", m_profile->GetSimpleItemValue("Active", nullptr));
   EXPECT_EQ("", m_profile->GetSimpleItemValue("Active", nullptr, false));
-  EXPECT_EQ(5, m_profile->GetSimpleItemValue("Active", 5));
+  EXPECT_EQ(5, m_profile->GetSimpleItemValue("Active", 5, nullptr, true));
   EXPECT_EQ(5, m_profile->GetSimpleItemValue("Active", 5, nullptr, false));
 }
 

@@ -22,7 +22,8 @@ TEST(AMillionDocuments, AreParsedAskedAndClosedInTheMemoryOfThousand) {
   ExpectNoGrowth(1000000, [&profile](int round) {
     ASSERT_TRUE(profile.ParseString(ProfileText(RuleText(round))));
     ASSERT_EQ(1U, profile.ActiveRules().size());
-    ASSERT_EQ(round, profile.GetSimpleItemValue("Level", -1, First(profile, "//tt:rule").get()));
+    ASSERT_EQ(round,
+              profile.GetSimpleItemValue("Level", -1, First(profile, "//tt:rule").get(), true));
     profile.Close();
   });
 }
