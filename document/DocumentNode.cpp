@@ -105,7 +105,6 @@ int DocumentNode::GetProperty(const std::string& name, int defaultValue) {
 }
 
 void DocumentNode::SetProperty(const std::string& name, int value) {
-  if (!m_handle || name.empty()) return;
   SetProperty(name, TextFromNumber(value));
 }
 

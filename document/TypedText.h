@@ -19,12 +19,7 @@ Number NumberFromText(const std::string& text, Number fallback) {
   return value;
 }
 
-/// Writes a number in decimal, as a stream under the global locale does.
-inline std::string TextFromNumber(int value) {
-  std::ostringstream text;
-  text.exceptions(std::ios::badbit);  // else the stream keeps std::bad_alloc to itself
-  text << value;
-  return text.str();
-}
+/// Writes a number in plain decimal whatever the locale: another process reads it in its own.
+inline std::string TextFromNumber(int value) { return std::to_string(value); }
 
 }  // namespace analytics

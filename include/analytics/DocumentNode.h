@@ -18,7 +18,7 @@ namespace analytics {
 ///
 /// Threads: a handle is used by the thread that uses its document.
 ///
-/// Numbers are read and written with the standard streams under the global locale:
+/// Numbers are read with the standard streams under the global locale:
 ///
 /// | Text                              | Answer                                |
 /// |-----------------------------------|---------------------------------------|
@@ -29,9 +29,9 @@ namespace analytics {
 /// | an integer out of range           | the least or greatest `int`           |
 /// | a floating number out of range    | the greatest finite value, signed     |
 ///
-/// A locale that groups digits groups them in what is written and accepts groups in what is read.
-/// A floating number whose exponent stays unfinished ("2em") has no leading number: the answer is
-/// 0.
+/// A locale that groups digits accepts groups in what is read. Integers are written in plain
+/// decimal whatever the locale. A floating number whose exponent stays unfinished ("2em") has no
+/// leading number: the answer is 0.
 class ANALYTICS_API DocumentNode {
  public:
   /// Makes an empty node.
