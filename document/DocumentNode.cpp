@@ -43,6 +43,7 @@ void DocumentNode::SetValue(const std::string& value) {
 }
 
 std::string DocumentNode::GetProperty(const std::string& name) {
+  if (!m_handle || name.empty()) return std::string();
   return CopyText(XmlPtr<xmlChar>(xmlGetProp(Node(m_handle), XmlText(name))).get());
 }
 

@@ -41,6 +41,14 @@ TEST_F(ANodesAttribute, WithoutANameReadsAsEmpty) {
   EXPECT_EQ(1.5, m_node.GetNumericProperty("", 1.5));
 }
 
+TEST_F(ANodesAttribute, WhoseNameIsEmptyIsNotFound) {
+  m_node.SetProperty(std::string("\0x", 2), "8");
+  ASSERT_EQ("8", m_node.GetProperty(std::string("\0x", 2)));
+  EXPECT_EQ("", m_node.GetProperty(""));
+  EXPECT_EQ(5, m_node.GetProperty("", 5));
+  EXPECT_EQ(1.5, m_node.GetNumericProperty("", 1.5));
+}
+
 TEST_F(ANodesAttribute, IsANumber) {
   EXPECT_EQ(1, m_node.GetProperty("x", 7));
   EXPECT_EQ(0.25, m_node.GetNumericProperty("w", 1.5));
