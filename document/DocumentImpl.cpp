@@ -29,8 +29,6 @@ class IndentedOutput {
   const int m_saved;
 };
 
-xmlNodePtr NodeOf(DocumentNode& node) { return static_cast<xmlNodePtr>(node.Handle()); }
-
 xmlNsPtr FindNs(xmlDocPtr document, xmlNodePtr node, const std::string& prefix, const char* where) {
   const xmlNsPtr ns = xmlSearchNs(document, node, XmlText(prefix));
   if (!ns)
@@ -42,7 +40,7 @@ xmlNsPtr FindNs(xmlDocPtr document, xmlNodePtr node, const std::string& prefix, 
 
 Document::DocumentImpl::DocumentImpl() = default;
 
-Document::DocumentImpl::~DocumentImpl() = default;
+Document::DocumentImpl::~DocumentImpl() { Close(); }
 
 void Document::DocumentImpl::Close() {
   m_searchContext.reset();
@@ -73,7 +71,7 @@ bool Document::DocumentImpl::ParseFile(const std::string& path) {
 }
 
 xmlNodePtr Document::DocumentImpl::GetContextNode(DocumentNode* context) {
-  return context ? NodeOf(*context) : xmlDocGetRootElement(m_document.get());
+  return ContextNode(m_document.get(), context);
 }
 
 DocumentNode* Document::DocumentImpl::SelectRootNode() {
@@ -81,13 +79,13 @@ DocumentNode* Document::DocumentImpl::SelectRootNode() {
 }
 
 DocumentNode* Document::DocumentImpl::SelectNode(const std::string& path, DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), GetContextNode(context), path);
+  const Selection selected(m_searchContext.get(), context, path);
   return selected.Count() > 0 ? new DocumentNode(selected.Node(0)) : nullptr;
 }
 
 std::vector<DocumentNode*> Document::DocumentImpl::SelectNodes(const std::string& path,
                                                                DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), GetContextNode(context), path);
+  const Selection selected(m_searchContext.get(), context, path);
   OwnedNodes nodes;
   nodes.Reserve(static_cast<std::size_t>(selected.Count()));
   for (int index = 0; index < selected.Count(); ++index) nodes.Add(selected.Node(index));
@@ -95,15 +93,15 @@ std::vector<DocumentNode*> Document::DocumentImpl::SelectNodes(const std::string
 }
 
 std::string Document::DocumentImpl::GetValue(const std::string& path, DocumentNode* context) {
-  return Selection(m_searchContext.get(), GetContextNode(context), path).FirstText();
+  return Selection(m_searchContext.get(), context, path).FirstText();
 }
 
 std::vector<std::string> Document::DocumentImpl::GetValues(const std::string& path,
                                                            DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), GetContextNode(context), path);
+  const Selection selected(m_searchContext.get(), context, path);
   std::vector<std::string> texts;
   for (int index = 0; index < selected.Count(); ++index) {
-    std::string text = NodeText(selected.Node(index));
+    std::string text = selected.Text(index);
     if (!text.empty()) texts.push_back(std::move(text));
   }
   return texts;
@@ -122,7 +120,7 @@ double Document::DocumentImpl::GetNumericValue(const std::string& path, double d
 }
 
 int Document::DocumentImpl::DeleteNodes(const std::string& path, DocumentNode* context) {
-  return Selection(m_searchContext.get(), GetContextNode(context), path).Delete();
+  return Selection(m_searchContext.get(), context, path).Delete();
 }
 
 std::string Document::DocumentImpl::DumpToString() {
@@ -148,7 +146,7 @@ void* Document::DocumentImpl::GetNs(const std::string& prefix) {
 
 void* Document::DocumentImpl::GetNs(const std::string& prefix, DocumentNode* node) {
   if (!node || !m_document) return nullptr;
-  return FindNs(m_document.get(), NodeOf(*node), prefix, "given");
+  return FindNs(m_document.get(), GetContextNode(node), prefix, "given");
 }
 
 }  // namespace analytics

@@ -36,7 +36,9 @@ void* DocumentNode::Handle() { return m_handle; }
 
 void DocumentNode::Handle(void* node) { m_handle = node; }
 
-std::string DocumentNode::GetValue() { return NodeText(Node(m_handle)); }
+std::string DocumentNode::GetValue() {
+  return m_handle ? NodeText(Node(m_handle)->doc, Node(m_handle)) : std::string();
+}
 
 void DocumentNode::SetValue(const std::string& value) {
   xmlNodeSetContent(Node(m_handle), XmlTextOrNull(value));

@@ -8,10 +8,10 @@
 namespace analytics {
 namespace {
 
-XmlPtr<xmlXPathObject> Evaluate(xmlXPathContextPtr searchContext, xmlNodePtr contextNode,
+XmlPtr<xmlXPathObject> Evaluate(xmlXPathContextPtr searchContext, DocumentNode* context,
                                 const std::string& path) {
-  if (!searchContext) return nullptr;
-  searchContext->node = contextNode;
+  if (!searchContext) return nullptr;  // first: with the document closed, `context` may dangle
+  searchContext->node = ContextNode(searchContext->doc, context);
   return XmlPtr<xmlXPathObject>(xmlXPathEvalExpression(XmlText(path), searchContext));
 }
 
@@ -21,16 +21,27 @@ int NodeCount(const xmlXPathObject* result) {
 
 }  // namespace
 
-Selection::Selection(xmlXPathContextPtr searchContext, xmlNodePtr contextNode,
+xmlNodePtr ContextNode(xmlDocPtr document, DocumentNode* context) {
+  return context ? static_cast<xmlNodePtr>(context->Handle()) : xmlDocGetRootElement(document);
+}
+
+Selection::Selection(xmlXPathContextPtr searchContext, DocumentNode* context,
                      const std::string& path)
-    : m_result(Evaluate(searchContext, contextNode, path)), m_count(NodeCount(m_result.get())) {}
+    : m_searchContext(searchContext),
+      m_result(Evaluate(searchContext, context, path)),
+      m_count(NodeCount(m_result.get())) {}
 
 xmlNodePtr Selection::Node(int index) const {
   const xmlNodePtr node = m_result->nodesetval->nodeTab[index];
   return node->type == XML_NAMESPACE_DECL ? nullptr : node;
 }
 
-std::string Selection::FirstText() const { return m_count > 0 ? NodeText(Node(0)) : std::string(); }
+std::string Selection::Text(int index) const {
+  const xmlNodePtr node = Node(index);
+  return node ? NodeText(m_searchContext->doc, node) : std::string();
+}
+
+std::string Selection::FirstText() const { return m_count > 0 ? Text(0) : std::string(); }
 
 int Selection::Delete() {
   // All are detached before any is freed: then none lies within another, so none is freed twice,

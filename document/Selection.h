@@ -2,9 +2,15 @@
 
 #include <string>
 
+#include <analytics/DocumentNode.h>
+
 #include "document/XmlHandle.h"
 
 namespace analytics {
+
+/// The node that a query starts from: that of `context`, which may be null, or the root element of
+/// `document` if `context` is null.
+xmlNodePtr ContextNode(xmlDocPtr document, DocumentNode* context);
 
 /// The nodes that one XPath expression selects, in document order; the library's only evaluation.
 ///
@@ -12,14 +18,19 @@ namespace analytics {
 /// expression without a search context.
 class Selection {
  public:
-  /// Evaluates `path` from `contextNode`, which may be null, and leaves it as the search context's
-  /// current node.
-  Selection(xmlXPathContextPtr searchContext, xmlNodePtr contextNode, const std::string& path);
+  /// Evaluates `path` from the context node, and leaves that as the search context's current node.
+  ///
+  /// @param searchContext  null for a document that is not open; nothing else is looked at then
+  Selection(xmlXPathContextPtr searchContext, DocumentNode* context, const std::string& path);
 
   int Count() const { return m_count; }
 
   /// A selected node; null for a namespace node, which dies with this object.
   xmlNodePtr Node(int index) const;
+
+  /// The text of a selected node as the document reads it, even one of another document; "" for a
+  /// namespace node.
+  std::string Text(int index) const;
 
   /// The text of the first node; "" if nothing is selected.
   std::string FirstText() const;
@@ -30,6 +41,7 @@ class Selection {
   int Delete();
 
  private:
+  xmlXPathContextPtr m_searchContext;
   XmlPtr<xmlXPathObject> m_result;
   int m_count;
 };

@@ -21,10 +21,10 @@ inline std::string CopyText(const xmlChar* text) {
   return text ? std::string(reinterpret_cast<const char*>(text)) : std::string();
 }
 
-/// The text of a node: that of its child list, entity references substituted. Null gives "".
-inline std::string NodeText(xmlNodePtr node) {
-  if (!node) return std::string();
-  return CopyText(XmlPtr<xmlChar>(xmlNodeListGetString(node->doc, node->children, 1)).get());
+/// The text of a node: that of its child list, entity references substituted as `document` declares
+/// them.
+inline std::string NodeText(xmlDocPtr document, const xmlNode* node) {
+  return CopyText(XmlPtr<xmlChar>(xmlNodeListGetString(document, node->children, 1)).get());
 }
 
 }  // namespace analytics

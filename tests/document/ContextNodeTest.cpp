@@ -105,5 +105,25 @@ TEST_F(AContextNode, OfNullIsEmptyOnceTheRootElementIsDeleted) {
   EXPECT_EQ(0, m_document.DeleteNodes("//c"));
 }
 
+/// Two documents that declare and use an entity of the same name.
+class AContextNodeOfAnotherDocument : public testing::Test {
+ protected:
+  ParsedDocument m_document{"<!DOCTYPE a [<!ENTITY e '1'>]><a>&e;</a>"};
+  ParsedDocument m_other{"<!DOCTYPE a [<!ENTITY e '2'>]><a><b>&e;</b><b x='&e;'>&e;.5</b></a>"};
+  DocumentNode m_root = NodeAt(m_other, "/a");
+};
+
+TEST_F(AContextNodeOfAnotherDocument, IsReadWithTheEntitiesOfTheDocumentThatIsAsked) {
+  EXPECT_EQ("1", m_document.GetSingleValue("b", &m_root));
+  EXPECT_EQ(1, m_document.GetSingleValue("b[2]/@x", 7, &m_root));
+  EXPECT_EQ(1.5, m_document.GetNumericValue("b[2]", 7, &m_root));
+  EXPECT_THAT(m_document.GetMultipleValues("b", &m_root), ElementsAre("1", "1.5"));
+}
+
+TEST_F(AContextNodeOfAnotherDocument, GivesNodesWithTheEntitiesOfTheirOwn) {
+  EXPECT_EQ("2", tests::NodePtr(m_document.SelectNode("b", &m_root))->GetValue());
+  EXPECT_EQ("2", tests::NodePtr(m_document.SelectNode("b[2]/@x", &m_root))->GetValue());
+}
+
 }  // namespace
 }  // namespace analytics

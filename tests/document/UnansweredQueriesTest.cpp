@@ -41,7 +41,7 @@ const Silent kSilent[] = {
 };
 
 /// A closed document, or one without search context. Queries are given no context node, an empty
-/// one and one of another document, none of which is to be looked at.
+/// one, one of another document and one that is gone, none of which is to be looked at.
 class ADocumentThatCannotSearch : public testing::TestWithParam<Silent> {
  protected:
   ADocumentThatCannotSearch()
@@ -53,6 +53,7 @@ class ADocumentThatCannotSearch : public testing::TestWithParam<Silent> {
   ParsedDocument m_other;
   DocumentNode m_empty;
   DocumentNode m_foreign;
+  DocumentNode* const m_gone = reinterpret_cast<DocumentNode*>(sizeof(void*));  // nothing is there
   const tests::XmlErrors m_errors;
 };
 
@@ -60,48 +61,56 @@ TEST_P(ADocumentThatCannotSearch, SelectsNoNode) {
   EXPECT_EQ(nullptr, m_document->SelectNode("/a"));
   EXPECT_EQ(nullptr, m_document->SelectNode("b", &m_empty));
   EXPECT_EQ(nullptr, m_document->SelectNode("b", &m_foreign));
+  EXPECT_EQ(nullptr, m_document->SelectNode("b", m_gone));
 }
 
 TEST_P(ADocumentThatCannotSearch, SelectsNoNodes) {
   EXPECT_THAT(m_document->SelectNodes("//b"), IsEmpty());
   EXPECT_THAT(m_document->SelectNodes("b", &m_empty), IsEmpty());
   EXPECT_THAT(m_document->SelectNodes("b", &m_foreign), IsEmpty());
+  EXPECT_THAT(m_document->SelectNodes("b", m_gone), IsEmpty());
 }
 
 TEST_P(ADocumentThatCannotSearch, GivesAnEmptyText) {
   EXPECT_EQ("", m_document->GetSingleValue("//b", nullptr));
   EXPECT_EQ("", m_document->GetSingleValue("b", &m_empty));
   EXPECT_EQ("", m_document->GetSingleValue("b", &m_foreign));
+  EXPECT_EQ("", m_document->GetSingleValue("b", m_gone));
 }
 
 TEST_P(ADocumentThatCannotSearch, GivesNoTexts) {
   EXPECT_THAT(m_document->GetMultipleValues("//b"), IsEmpty());
   EXPECT_THAT(m_document->GetMultipleValues("b", &m_empty), IsEmpty());
   EXPECT_THAT(m_document->GetMultipleValues("b", &m_foreign), IsEmpty());
+  EXPECT_THAT(m_document->GetMultipleValues("b", m_gone), IsEmpty());
 }
 
 TEST_P(ADocumentThatCannotSearch, GivesTheDefaultInteger) {
   EXPECT_EQ(7, m_document->GetSingleValue("//b", 7, nullptr));
   EXPECT_EQ(7, m_document->GetSingleValue("b", 7, &m_empty));
   EXPECT_EQ(7, m_document->GetSingleValue("b", 7, &m_foreign));
+  EXPECT_EQ(7, m_document->GetSingleValue("b", 7, m_gone));
 }
 
 TEST_P(ADocumentThatCannotSearch, GivesTheDefaultNumberInSinglePrecision) {
   EXPECT_EQ(0.10000000149011612, m_document->GetNumericValue("//b", 0.1));
   EXPECT_EQ(0.10000000149011612, m_document->GetNumericValue("b", 0.1, &m_empty));
   EXPECT_EQ(0.10000000149011612, m_document->GetNumericValue("b", 0.1, &m_foreign));
+  EXPECT_EQ(0.10000000149011612, m_document->GetNumericValue("b", 0.1, m_gone));
 }
 
 TEST_P(ADocumentThatCannotSearch, DeletesNothing) {
   EXPECT_EQ(0, m_document->DeleteNodes("//b"));
   EXPECT_EQ(0, m_document->DeleteNodes("b", &m_empty));
   EXPECT_EQ(0, m_document->DeleteNodes("b", &m_foreign));
+  EXPECT_EQ(0, m_document->DeleteNodes("b", m_gone));
   EXPECT_EQ("<a><b>6</b></a>", RootDump(m_other));
 }
 
 TEST_P(ADocumentThatCannotSearch, LeavesAPointAsItWas) {
   types::Point point{1, 2};
   EXPECT_TRUE(m_document->PointFromNode(&m_foreign, point));
+  EXPECT_TRUE(m_document->PointFromNode(m_gone, point));
   EXPECT_EQ(1, point.x);
   EXPECT_EQ(2, point.y);
 }
