@@ -25,7 +25,6 @@ const NumberSetting kNumbers[] = {
 };
 
 const TextSetting kTexts[] = {
-    {"//pluginRepository", &SettingsImpl::m_pluginRepository},
     {"//videoInputFile", &SettingsImpl::m_videoInputFile},
     {"//quadOutputFile", &SettingsImpl::m_quadOutputFile},
     {"//tags/profile", &SettingsImpl::m_profileTag},
@@ -46,8 +45,9 @@ const TextSetting kTexts[] = {
 
 const char kDefaultUserDataPipe[] = "/var/run/primary.h264UserData.pipe";
 
-void EndInSlash(std::string& directory) {
+std::string EndingInSlash(std::string directory) {
   if (!directory.empty() && directory.back() != '/') directory += '/';
+  return directory;
 }
 
 }  // namespace
@@ -81,10 +81,11 @@ void SettingsImpl::ReadNumbers() {
 void SettingsImpl::ReadTexts() {
   // Deliberate: a text that the file lacks becomes empty, its built-in value is not kept, so that
   // the settings of two files never mix.
+  // The repository has its slash before the next text is read, which may run out of memory.
+  m_pluginRepository = EndingInSlash(m_document->GetSingleValue("//pluginRepository", nullptr));
   for (const TextSetting& text : kTexts) {
     this->*text.field = m_document->GetSingleValue(text.key, nullptr);
   }
-  EndInSlash(m_pluginRepository);
 }
 
 void SettingsImpl::ReadUserDataPipes() {
