@@ -11,15 +11,21 @@
 namespace analytics {
 namespace {
 
-void Register(xmlXPathContextPtr searchContext, const std::string& prefix, const std::string& uri) {
-  xmlXPathRegisterNs(searchContext, XmlText(prefix), XmlText(uri));
+/// Made with braces, which evaluate the prefix before the URI.
+struct Binding {
+  std::string prefix;
+  std::string uri;
+};
+
+void Register(xmlXPathContextPtr searchContext, const Binding& binding) {
+  xmlXPathRegisterNs(searchContext, XmlText(binding.prefix), XmlText(binding.uri));
 }
 
 }  // namespace
 
 void RegisterProfileNamespaces(xmlXPathContextPtr searchContext) {
-  Register(searchContext, Settings::OnvifPrefix(), Settings::OnvifNs());
-  Register(searchContext, Settings::KestalPrefix(), Settings::KestalNs());
+  Register(searchContext, {Settings::OnvifPrefix(), Settings::OnvifNs()});
+  Register(searchContext, {Settings::KestalPrefix(), Settings::KestalNs()});
 }
 
 }  // namespace analytics

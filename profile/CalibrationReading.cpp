@@ -11,18 +11,29 @@ namespace {
 
 using PointPair = types::Point[2];
 
-/// Path from a rule or engine to the vendor's calibration element.
-std::string CalibrationQry() {
-  return ProfileDoc::ElementItemQry(true) + "[@Name=\"Calibration\"]/" + KestalName("Calibration");
-}
-
 std::string PieceQry(const std::string& calibrationQry, const char* tag) {
   return calibrationQry + "/" + KestalName(tag);
 }
 
 std::string LineQry(const std::string& calibrationQry, const char* tag) {
-  return PieceQry(calibrationQry, tag) + "/" + OnvifName("Point");
+  const std::string pieceQry = PieceQry(calibrationQry, tag);
+  return pieceQry + "/" + OnvifName("Point");
 }
+
+/// Path from a rule or engine to the vendor's calibration element.
+std::string CalibrationQry() {
+  const std::string itemQry = ProfileDoc::ElementItemQry(true) + "[@Name=\"Calibration\"]/";
+  return itemQry + KestalName("Calibration");
+}
+
+/// Paths to the pieces of a calibration, made in this order.
+struct CalibrationQueries {
+  const std::string calibration = CalibrationQry();
+  const std::string nearLeft = PieceQry(calibration, "ObjectAtNearLeft");
+  const std::string nearWidth = LineQry(calibration, "NearWidth");
+  const std::string farWidth = LineQry(calibration, "FarWidth");
+  const std::string height = PieceQry(calibration, "PhysicalHeight");
+};
 
 void Copy(const PointPair& from, PointPair& to) {
   std::copy(std::begin(from), std::end(from), std::begin(to));
@@ -31,7 +42,7 @@ void Copy(const PointPair& from, PointPair& to) {
 }  // namespace
 
 bool ProfileDoc::GetCalibration(Calibration& calibration, DocumentNode* context) {
-  const std::string calibrationQry = CalibrationQry();
+  const CalibrationQueries queries;
   PointPair nearLeft;
   Copy(calibration.NearLeftSize(), nearLeft);
   PointPair nearWidth;
@@ -40,11 +51,10 @@ bool ProfileDoc::GetCalibration(Calibration& calibration, DocumentNode* context)
   Copy(calibration.FarWidth(), farWidth);
 
   // A piece that the profile lacks leaves its current value, which the setters then write back.
-  GetRectangle(nearLeft, PieceQry(calibrationQry, "ObjectAtNearLeft"), context);
-  GetLine(nearWidth, LineQry(calibrationQry, "NearWidth"), context);
-  GetLine(farWidth, LineQry(calibrationQry, "FarWidth"), context);
-  const int height = GetSingleValue(PieceQry(calibrationQry, "PhysicalHeight"),
-                                    calibration.PhysicalHeight(), context);
+  GetRectangle(nearLeft, queries.nearLeft, context);
+  GetLine(nearWidth, queries.nearWidth, context);
+  GetLine(farWidth, queries.farWidth, context);
+  const int height = GetSingleValue(queries.height, calibration.PhysicalHeight(), context);
 
   calibration.SetNearLeftSize(nearLeft);
   calibration.SetFarWidth(farWidth);

@@ -1,28 +1,35 @@
 #include <analytics/ProfileDoc.h>
 
 #include "document/DocumentImpl.h"
-#include "profile/ProfileNames.h"
+
+#include <analytics/Settings.h>
 
 namespace analytics {
 namespace {
 
+/// Made with braces, which evaluate the prefix before the tag.
+struct ElementName {
+  std::string prefix;
+  std::string tag;
+};
+
 /// All elements of a name in the document, those of one type only if `type` is not empty.
-std::string ElementQry(const std::string& qualifiedName, const std::string& type) {
-  const std::string all = "//" + qualifiedName;
+std::string ElementQry(const ElementName& name, const std::string& type) {
+  const std::string all = "//" + name.prefix + ":" + name.tag;
   return type.empty() ? all : all + "[@Type=\"" + type + "\"]";
 }
 
 std::string RuleQry(const std::string& type) {
-  return ElementQry(OnvifName(Settings::RuleTag()), type);
+  return ElementQry({Settings::OnvifPrefix(), Settings::RuleTag()}, type);
 }
 
 std::string EngineQry(const std::string& type) {
-  return ElementQry(OnvifName(Settings::EngineTag()), type);
+  return ElementQry({Settings::OnvifPrefix(), Settings::EngineTag()}, type);
 }
 
 // Deliberate: unlike rules and engines, event sinks are the vendor's elements.
 std::string EventSinkQry(const std::string& type) {
-  return ElementQry(KestalName(Settings::EventSinkTag()), type);
+  return ElementQry({Settings::KestalPrefix(), Settings::EventSinkTag()}, type);
 }
 
 }  // namespace

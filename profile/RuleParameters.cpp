@@ -13,8 +13,8 @@ namespace analytics {
 namespace {
 
 std::string ItemsQry(const char* tag, bool throughParameters) {
-  const std::string items = OnvifName(tag);
-  return throughParameters ? OnvifName("Parameters") + "/" + items : items;
+  const std::string path = throughParameters ? OnvifName("Parameters") + "/" : std::string();
+  return path + OnvifName(tag);
 }
 
 std::string NamedItemQry(const std::string& name, bool throughParameters) {
