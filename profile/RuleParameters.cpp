@@ -44,7 +44,6 @@ void AddItem(DocumentNode* parameters, const std::string& name, const Value& val
 template <typename Value>
 bool SetOrAddItem(ProfileDoc& profile, const std::string& name, const Value& value,
                   DocumentNode* parameters) {
-  if (parameters && !parameters->Handle()) return true;
   if (!SetItem(profile, name, value, parameters, false)) AddItem(parameters, name, value);
   return true;
 }

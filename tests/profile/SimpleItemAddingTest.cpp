@@ -183,9 +183,15 @@ TEST_F(AnAddedItem, UnderAnEmptyNodeReportsSuccessThoughNothingIsWritten) {
   DocumentNode empty;
   EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", 2, &empty));
   EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", "2", &empty));
-  EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("'] | //tt:SimpleItem[@Name='a", 2, &empty));
   EXPECT_EQ(nullptr, empty.Handle());
   EXPECT_EQ(before, m_profile.DumpToString());
+}
+
+TEST_F(AnAddedItem, IsLookedForEvenUnderAnEmptyNode) {
+  ParseParameters("<tt:SimpleItem Name='a' Value='1'/>");
+  DocumentNode empty;
+  EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("'] | //tt:SimpleItem[@Name='a", 2, &empty));
+  EXPECT_EQ("<tt:Parameters><tt:SimpleItem Name=\"a\" Value=\"2\"/></tt:Parameters>", Parameters());
 }
 
 }  // namespace
