@@ -74,9 +74,8 @@ void* Document::GetNs(const std::string& prefix, DocumentNode* node) {
 
 bool Document::PointFromNode(DocumentNode* node, types::Point& point) {
   if (!node) return false;
-  point.x = GetSingleValue("./x", point.x, node);
   // Deliberate: ".y" is no valid XPath, so y keeps the caller's value, on which callers rely.
-  point.y = GetSingleValue(".y", point.y, node);
+  point = types::Point{GetSingleValue("./x", point.x, node), GetSingleValue(".y", point.y, node)};
   return true;
 }
 

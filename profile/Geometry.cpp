@@ -11,8 +11,7 @@ namespace analytics {
 
 bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
   if (!node) return false;
-  point.x = node->GetProperty("x", point.x);
-  point.y = node->GetProperty("y", point.y);
+  point = types::Point{node->GetProperty("x", point.x), node->GetProperty("y", point.y)};
   return true;
 }
 

@@ -95,6 +95,27 @@ TEST_F(ReadingAPlainPoint, HasTheReportWrittenToStandardError) {
   EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("Invalid expression\n.y\n"));
 }
 
+/// Reads points with a look at the point whenever libxml2 prints of an invalid expression.
+class APointWhileItsYIsRead : public ReadingAPlainPoint {
+ protected:
+  APointWhileItsYIsRead() { xmlSetGenericErrorFunc(this, Look); }
+  ~APointWhileItsYIsRead() override { xmlSetGenericErrorFunc(nullptr, nullptr); }
+
+  std::vector<int> m_seen;
+
+ private:
+  static void Look(void* self, const char* /*format*/, ...) {
+    auto& test = *static_cast<APointWhileItsYIsRead*>(self);
+    test.m_seen.push_back(test.m_point.x);
+  }
+};
+
+TEST_F(APointWhileItsYIsRead, KeepsItsX) {
+  EXPECT_TRUE(m_document.PointFromNode(&m_root, m_point));
+  EXPECT_EQ(5, m_point.x);
+  EXPECT_THAT(m_seen, testing::AllOf(testing::Not(IsEmpty()), testing::Each(1)));
+}
+
 /// A document that reads points in its own way.
 class MirroredDocument : public ParsedDocument {
  public:

@@ -36,7 +36,7 @@ inline const std::string kActive = Item("Active", "1");
 inline const std::string kCalibration =
     R"(<tt:ElementItem Name="Calibration"><ka:Calibration>)"
     R"(<ka:ObjectAtNearLeft left="1" top="2" right="3" bottom="00000000000000000004"/>)"
-    R"(<ka:NearWidth><tt:Point x="5" y="6"/><tt:Point x="7" y="8"/></ka:NearWidth>)"
+    R"(<ka:NearWidth><tt:Point x="5" y="00000000000000000006"/><tt:Point x="7" y="8"/></ka:NearWidth>)"
     R"(<ka:FarWidth><tt:Point x="9" y="10"/><tt:Point x="11" y="12"/></ka:FarWidth>)"
     "<ka:PhysicalHeight>00000000000000000013</ka:PhysicalHeight>"
     "</ka:Calibration></tt:ElementItem>";
