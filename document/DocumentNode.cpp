@@ -17,8 +17,8 @@ bool LiesWithin(xmlNodePtr subtree, const xmlNode* inner) {
 /// The root element's namespace record or one declared behind it, if its URI is `href`.
 xmlNsPtr FindRootNs(xmlDocPtr document, const std::string& href) {
   const xmlNodePtr root = xmlDocGetRootElement(document);
-  // Deliberate: only from the root's own namespace on, so that a node put into any other namespace
-  // carries the declaration itself and can be moved anywhere.
+  // Deliberate: only from the root's own namespace on, so a node put into any other one declares it
+  // again. Kept for compatibility: installed runtimes see it.
   xmlNsPtr ns = root ? root->ns : nullptr;
   while (ns && !xmlStrEqual(ns->href, XmlText(href))) ns = ns->next;
   return ns;

@@ -27,7 +27,8 @@ std::string EngineQry(const std::string& type) {
   return ElementQry({Settings::OnvifPrefix(), Settings::EngineTag()}, type);
 }
 
-// Deliberate: unlike rules and engines, event sinks are the vendor's elements.
+// Deliberate: unlike rules and engines, event sinks are the vendor's elements. Kept for
+// compatibility: installed runtimes see it.
 std::string EventSinkQry(const std::string& type) {
   return ElementQry({Settings::KestalPrefix(), Settings::EventSinkTag()}, type);
 }

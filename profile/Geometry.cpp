@@ -18,7 +18,8 @@ bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
 bool ProfileDoc::GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                            DocumentNode* context) {
   const OwnedNodes nodes(SelectNodes(xpath, context));
-  // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does.
+  // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does. Kept for
+  // compatibility: installed runtimes see it.
   std::transform(nodes.begin(), nodes.end(), std::back_inserter(points), [](DocumentNode* node) {
     return types::Point{node->GetProperty("x", 0), node->GetProperty("y", 0)};
   });

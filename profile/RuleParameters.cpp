@@ -35,7 +35,8 @@ template <typename Value>
 void AddItem(DocumentNode* parameters, const std::string& name, const Value& value) {
   const std::unique_ptr<DocumentNode> item(
       parameters ? parameters->AddNewChild("SimpleItem", std::string()) : nullptr);
-  // Deliberate: without a place for the item nothing is written and nobody is told.
+  // Deliberate: without a place for the item nothing is written, and success is reported. Kept for
+  // compatibility: installed runtimes see it.
   if (!item) return;
   item->SetProperty("Name", name);
   item->SetProperty("Value", value);

@@ -9,6 +9,8 @@ Settings::Settings() = default;
 Settings::~Settings() = default;
 
 bool Settings::LoadSettings(const std::string& path) {
+  // Deliberate: the first use of a process loads the file of the environment, so as the first use
+  // this loads twice. Kept for compatibility: installed runtimes see it.
   SettingsImpl& settings = SettingsImpl::Instance();
   return settings.LoadSettings(path.empty() ? ResolveSettingsPath() : path);
 }

@@ -45,6 +45,7 @@ const TextSetting kTexts[] = {
 
 const char kDefaultUserDataPipe[] = "/var/run/primary.h264UserData.pipe";
 
+/// Made before the setting is stored, so that memory running out never leaves one without a slash.
 std::string EndingInSlash(std::string directory) {
   if (!directory.empty() && directory.back() != '/') directory += '/';
   return directory;
@@ -81,7 +82,6 @@ void SettingsImpl::ReadNumbers() {
 void SettingsImpl::ReadTexts() {
   // Deliberate: a text that the file lacks becomes empty, its built-in value is not kept, so that
   // the settings of two files never mix.
-  // The repository has its slash before the next text is read, which may run out of memory.
   m_pluginRepository = EndingInSlash(m_document->GetSingleValue("//pluginRepository", nullptr));
   for (const TextSetting& text : kTexts) {
     this->*text.field = m_document->GetSingleValue(text.key, nullptr);

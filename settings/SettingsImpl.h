@@ -28,6 +28,8 @@ class SettingsImpl {
   /// @return whether the file was parsed; if not, only `m_document` has changed: it is closed
   bool LoadSettings(const std::string& path);
 
+  // Deliberate: no operation gives this setting or m_videoInputFile; callers ask the document. Kept
+  // for compatibility: the operations are those that installed runtimes see.
   std::int64_t m_maxSessions = 1;
   std::string m_profileTag = "analytics-profile";
   std::string m_mediaSourceTag = "MediaSource";
@@ -47,7 +49,7 @@ class SettingsImpl {
   std::string m_kestalPrefix = "ka";
   std::string m_onvifNs = "http://www.onvif.org/ver10/schema";
   std::string m_onvifPrefix = "tt";
-  // Deliberate: a path of a developer's machine, which installed systems have come to know.
+  // Deliberate: a path of a developer's machine. Kept for compatibility: installed runtimes see it.
   std::string m_profile4DefaultModules =
       "/Users/Projects/analytics-runtime/Profile4DefaultModules.xml";
   std::vector<std::string> m_userDataPipes;

@@ -8,6 +8,9 @@ namespace analytics {
 namespace {
 
 /// The words that a text expands to; released only where the expansion succeeded.
+///
+/// Deliberate: commands in the text are run, as a shell would, so whoever sets it runs commands as
+/// this process. Kept for compatibility: installed runtimes see it.
 class Expansion {
  public:
   explicit Expansion(const char* text) : m_words(), m_succeeded(wordexp(text, &m_words, 0) == 0) {}

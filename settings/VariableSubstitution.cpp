@@ -27,7 +27,7 @@ std::string VariableQry(const std::string& name) {
 std::string Settings::SubstituteVariables(const std::string& text) {
   std::string result = text;
   // Deliberate: an empty name ends the substitution, and each value is searched again, without end
-  // where it leads back to itself.
+  // where it leads back to itself. Kept for compatibility: installed runtimes see it.
   for (Reference found = FindVariable(result); !found.name.empty(); found = FindVariable(result)) {
     result.replace(found.position, found.length, GetValue(VariableQry(found.name)));
   }
