@@ -95,7 +95,7 @@ TEST_F(ReadingAPlainPoint, HasTheReportWrittenToStandardError) {
   EXPECT_THAT(testing::internal::GetCapturedStderr(), HasSubstr("Invalid expression\n.y\n"));
 }
 
-/// Reads points with a look at the point whenever libxml2 prints of an invalid expression.
+/// Looks at the point whenever libxml2 reports that an expression is invalid.
 class APointWhileItsYIsRead : public ReadingAPlainPoint {
  protected:
   APointWhileItsYIsRead() { xmlSetGenericErrorFunc(this, Look); }
