@@ -22,20 +22,28 @@ struct Point;
 /// caller deletes; deleting it never changes the tree. It dangles once the document is closed,
 /// parsed again or destroyed. Texts and lists are copies.
 ///
-/// Errors: nothing here throws on bad input. What cannot be read or evaluated, a closed document
-/// included, gives null, an empty list, an empty text or the caller's default; libxml2 writes its
-/// own report of a parse or expression error to standard error. Only `std::bad_alloc` gets out.
+/// Errors: what cannot be read or evaluated, a closed document included, gives null, an empty list,
+/// an empty text or the caller's default; libxml2 reports a parse or expression error to standard
+/// error. Only `std::bad_alloc` and what the global locale throws while a number is read get out.
 ///
-/// Queries: no namespace prefix is bound, so a path with a prefix selects nothing; a derived
-/// document binds prefixes by overriding `CreateSearchContext()`. An expression that gives a
-/// number, a text or a truth value instead of nodes selects nothing. Values put into a path are not
-/// escaped, and a path ends at its first NUL. A namespace node counts as a node, but is handed out
-/// as an empty node and read as empty text, because it lives no longer than its query.
+/// Trust: entities multiply when a text is read; a file of 22 KB made `GetSingleValue()` answer
+/// with 40 MB after 11 s. `ParseFile()` and `SaveToFile()` may reach beyond files, see there. So
+/// parse files that are trusted or that `analytics-settingsctl check` passed, and prefer a libxml2
+/// built without network. Entities and type declarations in other files are not read, unless the
+/// program has libxml2 do so.
 ///
-/// Numbers are converted as `DocumentNode` describes.
+/// Queries: of namespace prefixes only "xml" is bound, so a path with another one selects nothing;
+/// a derived document binds prefixes by overriding `CreateSearchContext()`. An expression that
+/// gives a number, a text or a truth value instead of nodes selects nothing. A value put into a
+/// path becomes part of the expression, which may then select, or delete, anything: refuse values
+/// that `text::IsQueryType()` or `text::IsQueryItemName()` of Text.h refuses. A namespace node
+/// counts as a node, but is handed out as an empty node and read as empty text, because it lives no
+/// longer than its query.
+///
+/// Texts and numbers are as `DocumentNode` describes.
 ///
 /// Threads: one document is used by one thread at a time, queries included. Different documents are
-/// independent, but for `DumpToString()`.
+/// independent once one thread has parsed something, but for `DumpToString()`.
 class ANALYTICS_API Document {
  public:
   /// Makes a closed document.
@@ -49,15 +57,17 @@ class ANALYTICS_API Document {
 
   /// Reads a file.
   ///
-  /// The former document is closed first, so a failed parse leaves none. On success the search
+  /// The previous document is closed first, so a failed parse leaves none. On success the search
   /// context is made with `CreateSearchContext()`, whose own failure is not reported: queries then
   /// select nothing.
   ///
-  /// @param path  a file, or whatever else libxml2 opens: "-" is standard input
+  /// @param path  a file, or what else libxml2 opens: "-" is standard input; depending on its
+  ///              version and build "http:" and "ftp:" addresses, compressed files (a few KB can
+  ///              unpack to hundreds of MB) and names that a catalog maps
   /// @return whether the file could be read and is well-formed
   bool ParseFile(const std::string& path);
 
-  /// Reads XML text; else as `ParseFile`. All bytes count, also behind a NUL.
+  /// Reads XML text; else as `ParseFile`. All bytes count, also after a NUL.
   bool ParseString(const std::string& text);
 
   /// Reads XML text from a buffer; else as `ParseFile`.
@@ -86,8 +96,11 @@ class ANALYTICS_API Document {
   /// @return new nodes, each of which the caller deletes
   std::vector<DocumentNode*> SelectNodes(const std::string& path, DocumentNode* context = nullptr);
 
-  /// Text of the first node that `path` selects, see `DocumentNode::GetValue()`; empty if nothing
-  /// is selected. A text node selected as such has no children, so "text()" reads as empty.
+  /// Text of the first node that `path` selects, see `DocumentNode::GetValue()`, with the entities
+  /// of this document; empty if nothing is selected. A text node selected as such has no children,
+  /// so "text()" reads as empty.
+  ///
+  /// @param context  always to be given: two arguments ask for a text, three for an integer
   std::string GetSingleValue(const std::string& path, DocumentNode* context);
 
   /// Texts of all nodes that `path` selects, in document order. Nodes with empty text are skipped,
@@ -109,13 +122,17 @@ class ANALYTICS_API Document {
 
   /// Takes all nodes that `path` selects out of the tree and frees them.
   ///
-  /// Nodes that refer to what was freed dangle. The document node itself is never freed.
+  /// Handles to what was freed dangle. The document node itself is never freed.
   ///
-  /// @return how many nodes were selected and freed
+  /// @return how many nodes were freed; a namespace node counts, though its declaration stays
   int DeleteNodes(const std::string& path, DocumentNode* context = nullptr);
 
-  /// The whole document as indented XML text, in the document's own encoding and up to the first
-  /// NUL: text in an encoding with NUL bytes, such as UTF-16, is cut there.
+  /// The whole document as XML text, up to the first NUL, which cuts an encoding with NUL bytes
+  /// such as UTF-16.
+  ///
+  /// The encoding is the one that the document declares; without one it is UTF-8, in which texts
+  /// and attribute values have references for all characters beyond ASCII. Elements without text of
+  /// their own are indented by two blanks a level: parsed again, those blanks are their text.
   ///
   /// Switches libxml2's `xmlIndentTreeOutput` for the time of the call, so nothing else in the
   /// process may write XML meanwhile.
@@ -123,13 +140,15 @@ class ANALYTICS_API Document {
   /// @return the text; empty if the document is closed
   std::string DumpToString();
 
-  /// Writes the document to a file, indented.
+  /// Writes the document to a file, as `DumpToString()` gives it but whole, and indented only as
+  /// libxml2's `xmlIndentTreeOutput` says. "-" is standard output, and libxml2 may send the
+  /// document to an "http:" address.
   ///
-  /// libxml2 takes the path for a URI: "a%20b.xml" writes "a b.xml", which `ParseFile` finds under
-  /// either name.
+  /// libxml2 2.9.14 takes the path for a URI: "a%20b.xml" writes "a b.xml", which `ParseFile` finds
+  /// under either name, and "%00" ends the name. libxml2 2.15 takes names as they are.
   ///
-  /// @return false for an empty path or a closed document; else true, even when the write failed: a
-  ///         runtime goes on without its copy. Whoever needs the copy reads it back.
+  /// @return false for an empty path or a closed document; else true, even when the write failed:
+  ///         whoever needs the copy reads it back
   bool SaveToFile(const std::string& path);
 
   /// The namespace that `prefix` stands for at the root element.
@@ -146,20 +165,20 @@ class ANALYTICS_API Document {
   /// nothing.
   void* GetNs(const std::string& prefix, DocumentNode* node);
 
-  /// Reads a point, in pixels of the image, from child elements of `node`.
+  /// Reads a point, in whatever unit the document uses, from child elements of `node`.
   ///
-  /// x is the text of the child element "x". y keeps the caller's value: plain documents carry no y
-  /// coordinate of their own, and callers rely on the one they passed in. libxml2 reports an
-  /// invalid expression to standard error each time. `ProfileDoc` reads both from attributes.
+  /// x is the text of the child element "x". y keeps the caller's value whatever the document
+  /// holds, and libxml2 reports an invalid expression to standard error: kept for compatibility,
+  /// installed runtimes see it. `ProfileDoc` reads both from attributes.
   ///
-  /// @param point  x keeps its value if there is no such child
+  /// @param point  x keeps its value if there is no such child, or it is empty or blank
   /// @return false, with the point unchanged, only if `node` is null
   virtual bool PointFromNode(DocumentNode* node, types::Point& point);
 
-  /// Makes the search context that queries are evaluated in, replacing a former one; called after
+  /// Makes the search context that queries are evaluated in, replacing a previous one; called after
   /// every successful parse.
   ///
-  /// @return whether there is a search context now
+  /// @return whether there is a search context now; none is made for a closed document
   virtual bool CreateSearchContext();
 
  protected:

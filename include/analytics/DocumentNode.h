@@ -10,15 +10,23 @@ namespace analytics {
 ///
 /// Ownership: the handle owns nothing. Copies refer to the same node, and destroying a handle never
 /// changes the tree. The node belongs to its document: a handle dangles once its document is
-/// closed, parsed again or destroyed, or once the node is deleted from the tree. A handle whose
-/// pointer is null is an empty node.
+/// closed, parsed again or destroyed, or once its node is freed, alone or with one above it. A
+/// handle whose pointer is null is an empty node.
 ///
-/// Errors: nothing here throws on bad input. What is absent gives an empty text, the caller's
-/// default, null or no effect; only `std::bad_alloc` gets out.
+/// Errors: what is absent gives an empty text, the caller's default, null or no effect. Only
+/// `std::bad_alloc` and what the global locale throws while a number is read get out.
 ///
 /// Threads: a handle is used by the thread that uses its document.
 ///
-/// Numbers are read with the standard streams under the global locale:
+/// Texts: names and texts are UTF-8 in whatever encoding the document is saved, end at their first
+/// NUL and are not checked. `Document::SaveToFile()` answers true for what does not come back: an
+/// invalid name ("bad name<") gives a document that does not parse again, as may a text of more
+/// than 10,000,000 bytes or more than 256 levels of elements. So does a text that is not UTF-8
+/// ("\xff") or holds a character that XML forbids ("\x01"), unless it is changed, cut or lost: see
+/// `text::IsXmlText()` of Text.h.
+///
+/// Numbers are read with the standard streams under the global locale, groups of digits included.
+/// Integers are written in plain decimal, whatever the locale.
 ///
 /// | Text                              | Answer                                |
 /// |-----------------------------------|---------------------------------------|
@@ -28,10 +36,7 @@ namespace analytics {
 /// | hexadecimal ("0x1F")              | 0: only the leading "0" is read       |
 /// | an integer out of range           | the least or greatest `int`           |
 /// | a floating number out of range    | the greatest finite value, signed     |
-///
-/// A locale that groups digits accepts groups in what is read. Integers are written in plain
-/// decimal whatever the locale. A floating number whose exponent stays unfinished ("2em") has no
-/// leading number: the answer is 0.
+/// | an unfinished exponent ("2em")    | 0; an integer is 2                    |
 class ANALYTICS_API DocumentNode {
  public:
   /// Makes an empty node.
@@ -51,51 +56,72 @@ class ANALYTICS_API DocumentNode {
   /// The `xmlNode*` of libxml2, null for an empty node; owned by the document.
   void* Handle();
 
-  /// Refers to another node; the former one is neither unlinked nor freed.
+  /// Refers to another node; the previous one is neither unlinked nor freed.
   void Handle(void* node);
 
   /// The text of the node: its own text children one after the other, entity references
-  /// substituted. Text inside child elements does not count; for an attribute it is the value.
+  /// substituted as its document declares them. Text inside child elements does not count; for an
+  /// attribute it is the value.
   ///
   /// @return the text; empty for an empty node
   std::string GetValue();
 
-  /// Replaces all children, elements too, by a text; an empty text leaves no children.
+  /// Replaces all children, elements too, by a text; handles to them dangle. An empty text leaves
+  /// no children.
   ///
-  /// @param value  taken unescaped: libxml2 interprets entity and character references in it, so
-  ///               a plain "&" is written as "&amp;"
+  /// A text node, a comment and an instruction take the text as it is, the document node takes
+  /// none. Elements and attributes have libxml2 interpret references in it:
+  ///
+  /// | Given                      | The element's text                                 |
+  /// |----------------------------|----------------------------------------------------|
+  /// | "AT&amp;T", "AT&#38;T"     | "AT&T"                                             |
+  /// | "<b>", "]]>"               | the same                                           |
+  /// | "AT&T", "a & b"            | empty (libxml2 2.9.14), or "ATT", "a  b" (2.15)    |
+  /// | "x&y;z", no entity "y"     | "xz"; the saved document does not parse again      |
+  /// | "&e;", "e" holding "&e;"   | reading it ends the process with libxml2 2.9.14    |
+  ///
+  /// @param value  for a text from outside: what `text::ElementText()` of Text.h makes of it
   void SetValue(const std::string& value);
 
-  /// Value of an attribute.
+  /// Value of an attribute: of the first one of this local name, in whatever namespace, or else the
+  /// default in the document's own type declaration.
   ///
-  /// @return the value; empty if the attribute is absent, the node is empty or `name` is empty
+  /// @return the value; empty if there is none, the node is empty or `name` is empty
   std::string GetProperty(const std::string& name);
 
   /// Sets or replaces an attribute; an empty value keeps the attribute with an empty value.
-  /// Nothing happens on an empty node or for an empty name.
+  /// Nothing happens on an empty node, on one that is no element and for an empty name.
+  ///
+  /// @param name   with a prefix that is declared here ("p:x"), the attribute x of that namespace;
+  ///               else the name as it is, in no namespace
+  /// @param value  taken as it is, unlike `SetValue`: "AT&T" comes back
   void SetProperty(const std::string& name, const std::string& value);
 
   /// Appends a new element as the last child, in the namespace of its parent.
   ///
-  /// @param name   an element name; if empty, nothing is appended and the answer is an empty node
-  /// @param value  the element's text, taken unescaped as in `SetValue`
-  /// @return a new handle that the caller deletes; null if this node is empty
+  /// @param name   an element name without prefix; if empty, nothing is appended
+  /// @param value  the element's text, interpreted as by `SetValue`
+  /// @return a new handle that the caller deletes, empty if nothing is appended, as to a node that
+  ///         is no element; null if this node is empty. The document node takes a further root
+  ///         element, with which the document does not parse again.
   DocumentNode* AddNewChild(const std::string& name, const std::string& value);
 
-  /// Appends an existing node as the last child; the node belongs to this tree from then on.
+  /// Appends an existing node as the last child of this element; it belongs to this tree from then
+  /// on.
   ///
   /// A node that is linked elsewhere is moved, one that is already a child here keeps its place.
-  /// Its namespaces stay those of its former place: call `ReconciliateNs()` on it before the
+  /// Its namespaces stay those of its previous place: call `ReconciliateNs()` on it before the
   /// element or the document that declares them is freed. Nothing happens if either node is empty,
-  /// if `child` is null or a document node, or if this node lies inside `child`. Text that follows
-  /// text is merged into it and freed: `child` then dangles.
+  /// if `child` is null or a document node, or if this node lies inside `child`. An attribute
+  /// replaces the one of its name, which is freed. Text that follows text is merged into it and
+  /// freed: `child` then dangles. What is appended to a node that is no element is not saved.
   void AddChild(DocumentNode* child);
 
   /// Detaches the node and its subtree from the tree.
   ///
   /// @param free  true: the subtree is freed and this handle becomes empty.
   ///              false: the subtree is the caller's, to be put back with `AddChild` or released
-  ///              with `Unlink(true)`, else it leaks.
+  ///              with `Unlink(true)` before its document is closed, parsed again or destroyed.
   ///
   /// Nothing happens on an empty node. The document node itself is never freed.
   void Unlink(bool free);
@@ -107,14 +133,16 @@ class ANALYTICS_API DocumentNode {
 
   /// Puts the node into a namespace.
   ///
-  /// The root element's own namespace and the declarations behind it on the same element are
-  /// reused if their URI equals `href` byte for byte, whatever their prefix. Otherwise the
-  /// namespace is declared on this node, also when another element already declares it: so a node
-  /// never depends on an element that it may be moved away from.
+  /// The root element's own namespace and the declarations after it on the same element are reused
+  /// if their URI equals `href` byte for byte, whatever their prefix. Otherwise the namespace is
+  /// declared on this node, also when another element already declares it.
   ///
-  /// @param href    namespace URI; empty declares none
-  /// @param prefix  prefix of a new declaration; empty declares a default namespace. A prefix that
-  ///                this node already declares is refused and leaves the node in no namespace.
+  /// @param href    namespace URI; empty, with an empty prefix too, means none, until the saved
+  /// text
+  ///                is parsed under a default namespace
+  /// @param prefix  prefix of a new declaration; empty declares a default namespace. One that this
+  ///                node already declares is refused, and so is any on a node that is no element;
+  ///                the node is then in no namespace.
   void SetNs(const std::string& href, const std::string& prefix);
 
   /// Declares within this subtree each namespace it uses that is not declared in or above it.

@@ -106,6 +106,24 @@ TEST_F(AddingANode, MovesAnAttributeInPlaceOfOneOfItsName) {
   EXPECT_EQ("<r><a x=\"2\"><b>1</b></a><c/><d/></r>", RootDump(m_document));
 }
 
+TEST_F(AddingANode, FreesTheAttributeInWhosePlaceItPutsOne) {
+  m_a.SetProperty("x", "previous");
+  const void* const previous = NodeAt(m_document, "a/@x").Handle();
+  DocumentNode attribute = NodeAt(m_document, "c/@x");
+  const FreedNodes freed;
+  m_a.AddChild(&attribute);
+  EXPECT_EQ(1, freed.Count(previous));
+}
+
+TEST_F(AddingANode, ToANodeThatIsNoElementIsNotSaved) {
+  ParsedDocument document("<r x='1'>t<a/><b/><c/><!--k--></r>");
+  DocumentNode a = NodeAt(document, "a"), b = NodeAt(document, "b"), c = NodeAt(document, "c");
+  NodeAt(document, "text()").AddChild(&a);
+  NodeAt(document, "@x").AddChild(&b);
+  NodeAt(document, "comment()").AddChild(&c);
+  EXPECT_EQ("<r x=\"1\">t<!--k--></r>", RootDump(document));
+}
+
 TEST_F(AddingANode, MovesATextThatFollowsAnElement) {
   DocumentNode text = NodeAt(m_document, "a/b/text()");
   m_root.AddChild(&text);

@@ -32,6 +32,9 @@ const Row kRows[] = {
     {"StandaloneKept", "<?xml version='1.0' standalone='yes'?><a/>",
      "<?xml version=\"1.0\" standalone=\"yes\"?>\n<a/>\n"},
     {"ReferencesWithoutEncoding", "<a>\xC3\xA9</a>", "<?xml version=\"1.0\"?>\n<a>&#xE9;</a>\n"},
+    {"NamesAndCommentsAsTheyAre", "<\xC3\xA4 \xC3\xB6='\xC3\xA9'><!--\xC3\xA9--></\xC3\xA4>",
+     "<?xml version=\"1.0\"?>\n<\xC3\xA4 \xC3\xB6=\"&#xE9;\">\n  <!--\xC3\xA9-->\n</\xC3\xA4>\n"},
+    {"Utf16ThatIsNotDeclared", Utf16("<a/>"), "<?xml version=\"1.0\"?>\n<a/>\n"},
     {"Utf8", "<?xml version='1.0' encoding='UTF-8'?><a>\xC3\xA9</a>",
      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a>\xC3\xA9</a>\n"},
     {"Latin1", "<?xml version='1.0' encoding='ISO-8859-1'?><a>\xE9&#x20AC;</a>",
@@ -73,6 +76,13 @@ TEST(ADump, IsParsedToTheSameDump) {
   ParsedDocument document("<a><b x='1'>text</b><c><d/></c></a>");
   const std::string text = document.DumpToString();
   EXPECT_EQ(text, ParsedDocument(text).DumpToString());
+}
+
+TEST(ADump, GivesBlanksToElementsWithoutTextOnceItIsParsedAgain) {
+  ParsedDocument document("<a><b><c/></b></a>");
+  EXPECT_EQ("", document.GetSingleValue("b", nullptr));
+  ParsedDocument again(document.DumpToString());
+  EXPECT_EQ("\n    \n  ", again.GetSingleValue("b", nullptr));
 }
 
 class TheIndentationSwitch : public testing::TestWithParam<int> {

@@ -109,5 +109,13 @@ TEST(AnExpression, TakesValuesAsTheyAre) {
   EXPECT_THAT(errors.Codes(), Not(IsEmpty()));
 }
 
+TEST(AnExpression, TakesWhatAValueAddsToIt) {
+  const std::string value = "none'] | //*[@n='5";
+  ParsedDocument document("<a><b n='4'/><c><d n='5'/></c></a>");
+  EXPECT_THAT(Dumps(document, "b[@n='" + value + "']"), ElementsAre("<d n=\"5\"/>"));
+  EXPECT_EQ(1, document.DeleteNodes("b[@n='" + value + "']"));
+  EXPECT_EQ("<a><b n=\"4\"/><c/></a>", RootDump(document));
+}
+
 }  // namespace
 }  // namespace analytics

@@ -94,6 +94,29 @@ TEST_F(ANewChild, TakesTheDefaultNamespaceOfItsParent) {
   EXPECT_EQ("7", document.GetSingleValue("*[namespace-uri()='urn:d']", nullptr));
 }
 
+TEST_F(ANewChild, KeepsAPrefixInItsNameAfterThatOfItsParent) {
+  ParsedDocument document("<p:r xmlns:p='urn:p' xmlns:q='urn:q'/>");
+  const tests::NodePtr child(NodeAt(document, "/*").AddNewChild("q:x", 7));
+  EXPECT_EQ("<p:q:x>7</p:q:x>", child->DumpToString());
+}
+
+TEST_F(ANewChild, OfTheDocumentNodeIsAFurtherRootThatDoesNotParseAgain) {
+  const tests::XmlErrors quiet;
+  const tests::NodePtr child(NodeAt(m_document, "/").AddNewChild("x", 7));
+  EXPECT_EQ("<x>7</x>", child->DumpToString());
+  EXPECT_FALSE(Document().ParseString(m_document.DumpToString()));
+}
+
+TEST_F(ANewChild, OfACommentOrInstructionIsNotMadeAndGivesAnEmptyNode) {
+  ParsedDocument document("<r><!--c--><?p?></r>");
+  const tests::NodePtr ofComment(NodeAt(document, "comment()").AddNewChild("c", "1"));
+  const tests::NodePtr ofInstruction(
+      NodeAt(document, "processing-instruction()").AddNewChild("c", "1"));
+  ASSERT_TRUE(ofComment && ofInstruction);
+  EXPECT_EQ(nullptr, ofComment->Handle());
+  EXPECT_EQ(nullptr, ofInstruction->Handle());
+}
+
 TEST_F(ANewChild, StaysInTheTreeWhenItsHandleIsDeleted) {
   tests::NodePtr child(m_parent.AddNewChild("c", "1"));
   child.reset();

@@ -64,6 +64,24 @@ TEST_F(ANodesAttribute, OfANamespaceIsReadByItsLocalName) {
   EXPECT_EQ("", m_node.GetProperty("p:y"));
 }
 
+TEST_F(ANodesAttribute, IsTheFirstOfItsLocalName) {
+  m_node.SetProperty("y", "3");
+  EXPECT_EQ("2", m_node.GetProperty("y"));
+  EXPECT_EQ("3", m_document.GetSingleValue("a/@y", nullptr));
+}
+
+TEST_F(ANodesAttribute, WithAPrefixThatIsDeclaredIsSetInItsNamespace) {
+  m_node.SetProperty("p:y", "3");
+  EXPECT_EQ("3", m_node.GetProperty("y"));
+  EXPECT_EQ(1U, tests::All(m_document, "a/@*[namespace-uri()='urn:p']").size());
+}
+
+TEST_F(ANodesAttribute, WithAPrefixThatIsNotDeclaredIsSetUnderThatName) {
+  m_node.SetProperty("q:y", "3");
+  EXPECT_EQ("3", m_node.GetProperty("q:y"));
+  EXPECT_EQ("2", m_node.GetProperty("y"));
+}
+
 TEST_F(ANodesAttribute, IsNamedUpToTheFirstNul) {
   EXPECT_EQ("1", m_node.GetProperty(std::string("x\0y", 3)));
   EXPECT_EQ("", m_node.GetProperty(std::string("\0x", 2)));
@@ -119,6 +137,12 @@ TEST_F(ANodesAttribute, IsNotFoundAtATextNode) {
   DocumentNode text = NodeAt(m_document, "a/text()");
   EXPECT_EQ("", text.GetProperty("x"));
   EXPECT_EQ(7, text.GetProperty("x", 7));
+}
+
+TEST_F(ANodesAttribute, IsNotSetAtATextNode) {
+  NodeAt(m_document, "a/text()").SetProperty("new", "value");
+  NodeAt(m_document, "a/text()").SetProperty("new", 5);
+  EXPECT_EQ(m_before, RootDump(m_document));
 }
 
 TEST_F(ANodesAttribute, LeavesOtherAttributesWhenItIsSet) {

@@ -48,6 +48,7 @@ const Row kRows[] = {
     {"ThatTheNodeDeclaresItselfIsRefusedToo", "<r><p:a xmlns:p='urn:p'/></r>", "urn:p", "p",
      "<a xmlns:p=\"urn:p\"/>"},
     {"WithoutUriDeclaresNothing", "<r><a/></r>", "", "", "<a/>"},
+    {"WithoutUriUsesAPrefixAllTheSame", "<r><a/></r>", "", "p", "<p:a/>"},
     {"WithoutUriLeavesADefaultNamespace", "<r xmlns='urn:d'><a/></r>", "", "", "<a/>"},
 };
 
@@ -106,6 +107,14 @@ TEST_F(SettingANamespace, OfAnAttributeCannotDeclareOne) {
   DocumentNode attribute = NodeAt(m_document, "a/@x");
   attribute.SetNs("urn:z", "z");
   EXPECT_EQ("<a x=\"1\"/>", m_node.DumpToString());
+}
+
+TEST_F(SettingANamespace, ToNoneHoldsUntilItIsParsedUnderADefaultNamespace) {
+  ParsedDocument document("<r xmlns='urn:d'><a/></r>");
+  NodeAt(document, "*").SetNs("", "");
+  ParsedDocument again(RootDump(document));
+  EXPECT_EQ(1U, tests::All(document, "a").size());
+  EXPECT_TRUE(tests::All(again, "a").empty());
 }
 
 TEST_F(SettingANamespace, WorksWithoutARootElement) {

@@ -120,5 +120,23 @@ TEST_F(ANodesText, OfATextNodeReadsAsEmptyButIsSet) {
   EXPECT_EQ("<n>8</n>", NodeAt(m_document, "n").DumpToString());
 }
 
+TEST_F(ANodesText, OfACommentOrInstructionIsTakenAsItIs) {
+  ParsedDocument document("<r><!--x--><?p x?></r>");
+  NodeAt(document, "comment()").SetValue("1 & 2 &amp;");
+  NodeAt(document, "processing-instruction()").SetValue("3 & 4 &amp;");
+  EXPECT_EQ("<r><!--1 & 2 &amp;--><?p 3 & 4 &amp;?></r>", RootDump(document));
+}
+
+TEST_F(ANodesText, OfATextNodeIsTakenAsItIs) {
+  NodeAt(m_document, "n/text()").SetValue("1 & 2 &amp;");
+  EXPECT_EQ("1 & 2 &amp;", NodeAt(m_document, "n").GetValue());
+}
+
+TEST_F(ANodesText, OfTheDocumentNodeIsNotSet) {
+  const std::string before = RootDump(m_document);
+  NodeAt(m_document, "/").SetValue("text");
+  EXPECT_EQ(before, RootDump(m_document));
+}
+
 }  // namespace
 }  // namespace analytics

@@ -82,6 +82,11 @@ TEST_F(ASearchContext, OfAPlainDocumentBindsNoPrefix) {
   EXPECT_THAT(m_quiet.Codes(), ElementsAre(XML_XPATH_UNDEF_PREFIX_ERROR));
 }
 
+TEST_F(ASearchContext, OfAPlainDocumentBindsThePrefixXml) {
+  ASSERT_TRUE(m_document.ParseString("<a xml:lang='en'/>"));
+  EXPECT_EQ("en", m_document.GetSingleValue("@xml:lang", nullptr));
+}
+
 TEST_F(ASearchContext, OfAPlainDocumentBindsNoPrefixOfProfiles) {
   ASSERT_TRUE(m_document.ParseString(
       "<p xmlns:tt='http://www.onvif.org/ver10/schema' xmlns:ka='urn:kestal-com:schema:onvif:"

@@ -74,6 +74,11 @@ TEST_F(Selecting, NodesGivesTheNodesOfAReverseAxisInDocumentOrder) {
               ElementsAre("<item n=\"1\">tea</item>", "<box><item n=\"2\">cup</item></box>"));
 }
 
+TEST_F(Selecting, NodesGivesTheNodesOfIdsInDocumentOrder) {
+  ParsedDocument document("<!DOCTYPE r [<!ATTLIST a i ID #IMPLIED>]><r><a i='x'/><a i='y'/></r>");
+  EXPECT_THAT(Dumps(document, "id('y x')"), ElementsAre("<a i=\"x\"/>", "<a i=\"y\"/>"));
+}
+
 TEST_F(Selecting, NodesGivesEachNodeOnce) {
   EXPECT_THAT(Dumps(m_shop, "item | item | //item[@n='1']"),
               ElementsAre("<item n=\"1\">tea</item>"));

@@ -1,0 +1,46 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "tests/document/TestDocuments.h"
+#include "tests/support/TemporaryDirectory.h"
+
+namespace analytics {
+namespace {
+
+TEST(Entities, MultiplyWhenATextIsRead) {
+  std::string references;
+  for (int count = 0; count < 1000; ++count) references += "&e;";
+  const std::string declaration = "<!DOCTYPE r [<!ENTITY e '" + std::string(1000, 'x') + "'>]>";
+  ParsedDocument document(declaration + "<r>" + references + "</r>");
+  EXPECT_EQ(1000000U, document.GetSingleValue("/r", nullptr).size());
+}
+
+TEST(Entities, OfOtherFilesAreNotRead) {
+  const tests::TemporaryDirectory directory;
+  const std::string path = directory.Write("other.txt", "secret");
+  ParsedDocument document("<!DOCTYPE r [<!ENTITY e SYSTEM '" + path + "'>]><r>1&e;2</r>");
+  EXPECT_EQ("12", document.GetSingleValue("/r", nullptr));
+  NodeAt(document, "/r").SetValue("3&e;4");
+  EXPECT_EQ("34", document.GetSingleValue("/r", nullptr));
+}
+
+TEST(TypeDeclarations, OfOtherFilesAreNotRead) {
+  const tests::TemporaryDirectory directory;
+  const std::string path = directory.Write("other.dtd", "<!ATTLIST r k CDATA 'default'>");
+  ParsedDocument document("<!DOCTYPE r SYSTEM '" + path + "'><r/>");
+  EXPECT_EQ("", NodeAt(document, "/r").GetProperty("k"));
+}
+
+TEST(TypeDeclarations, OfTheDocumentGiveAttributesTheirDefaults) {
+  ParsedDocument document("<!DOCTYPE r [<!ATTLIST r k CDATA '5'>]><r/>");
+  DocumentNode root = NodeAt(document, "/r");
+  EXPECT_EQ("5", root.GetProperty("k"));
+  EXPECT_EQ(5, root.GetProperty("k", 7));
+  EXPECT_EQ("", document.GetSingleValue("@k", nullptr));
+  root.SetProperty("k", "6");
+  EXPECT_EQ("6", root.GetProperty("k"));
+}
+
+}  // namespace
+}  // namespace analytics
