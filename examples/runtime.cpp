@@ -19,6 +19,7 @@
 #include <analytics/ProfileDoc.h>
 #include <analytics/ResourceUsageServer.h>
 #include <analytics/Settings.h>
+#include <analytics/Text.h>
 
 #include "Printing.h"
 #include "PrivacyMasks.h"
@@ -35,6 +36,7 @@ using analytics::DocumentNode;
 using analytics::ProfileDoc;
 using analytics::Settings;
 using analytics::types::Point;
+namespace text = analytics::text;
 
 // Whatever the library hands out as a node is the caller's to delete.
 using NodePtr = std::unique_ptr<DocumentNode>;
@@ -223,24 +225,27 @@ std::string SensitivityOf(ProfileDoc& profile, DocumentNode* rule) {
 }
 
 // SaveToFile() does not report a failed write, so a copy that matters is read back.
-std::string SensitivityInCopy(ProfileDoc& profile) {
+std::string SensitivityInCopy(ProfileDoc& profile, const std::string& type) {
   const TemporaryFile file;
   profile.SaveToFile(file.Path());
   ProfileDoc copy;
   if (!copy.ParseFile(file.Path())) throw std::runtime_error("the copy does not read back");
-  const NodePtr rule(copy.SelectRule(""));
+  const NodePtr rule(copy.SelectRule(type));
   return SensitivityOf(copy, rule.get());
 }
 
-void EditAndSave(ProfileDoc& profile) {
-  const NodePtr rule(profile.SelectRule(""));
+// Both texts come from outside: a type with a quote would become part of the query, and a path may
+// hold what XML cannot.
+void EditAndSave(ProfileDoc& profile, const std::string& path, const std::string& type) {
+  const NodePtr rule(text::IsQueryType(type) ? profile.SelectRule(type) : nullptr);
   const std::string parameters = Settings::OnvifPrefix() + ":Parameters";
   const NodePtr items(rule ? profile.SelectNode(parameters, rule.get()) : nullptr);
   if (!items) return;
   Heading("Edit");
   Row(1, "sensitivity before", SensitivityOf(profile, rule.get()));
   profile.SetOrAddSimpleItemValue("Sensitivity", 90, items.get());
-  Row(1, "in the saved copy", SensitivityInCopy(profile));
+  if (text::IsXmlText(path)) NodePtr(rule->AddNewChild("Source", text::ElementText(path))).reset();
+  Row(1, "in the saved copy", SensitivityInCopy(profile, type));
 }
 
 // The platform does not report whether a claim was accepted; the units left tell.
@@ -268,8 +273,9 @@ void Run(const std::string& path) {
   ShowEngines(profile);
   ShowRules(profile);
   ShowEventSinks(profile);
-  Heading("Active types: " + Joined(profile.ActiveRules()));
-  EditAndSave(profile);
+  const std::vector<std::string> types = profile.ActiveRules();
+  Heading("Active types: " + Joined(types));
+  EditAndSave(profile, path, types.empty() ? std::string() : types.front());
   ReserveResources();
   examples::WatchPrivacyMasks();
 }

@@ -36,9 +36,9 @@ struct Point;
 /// a derived document binds prefixes by overriding `CreateSearchContext()`. An expression that
 /// gives a number, a text or a truth value instead of nodes selects nothing. A value put into a
 /// path becomes part of the expression, which may then select, or delete, anything: refuse values
-/// that `text::IsQueryType()` or `text::IsQueryItemName()` of Text.h refuses. A namespace node
-/// counts as a node, but is handed out as an empty node and read as empty text, because it lives no
-/// longer than its query.
+/// that `text::IsQueryType()` (for double quotes) or `text::IsQueryItemName()` (for single quotes)
+/// of Text.h refuses. A path ends at its first NUL. A namespace node counts as a node, but is
+/// handed out as an empty node and read as empty text, because it lives no longer than its query.
 ///
 /// Texts and numbers are as `DocumentNode` describes.
 ///

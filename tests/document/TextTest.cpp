@@ -2,11 +2,14 @@
 
 #include <string>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include "tests/document/TestDocuments.h"
 
 namespace analytics {
 namespace {
 
+using testing::SizeIs;
 using text::IsQueryItemName;
 using text::IsQueryType;
 using text::IsXmlText;
@@ -69,6 +72,19 @@ const Row kRows[] = {
     {"NulInsideACharacter", std::string("\xC3\0", 2), false, false},
 };
 
+/// Two elements, one named by a text and the other almost so, of which queries find just the first.
+void ExpectSelectsJustItself(const std::string& text) {
+  ParsedDocument document("<r><a/><a/></r>");
+  NodeAt(document, "a[1]").SetProperty("n", text);
+  NodeAt(document, "a[2]").SetProperty("n", text + "x");
+  if (IsQueryType(text)) {
+    EXPECT_THAT(tests::All(document, "a[@n=\"" + text + "\"]"), SizeIs(1));
+  }
+  if (IsQueryItemName(text)) {
+    EXPECT_THAT(tests::All(document, "a[@n='" + text + "']"), SizeIs(1));
+  }
+}
+
 class AText : public testing::TestWithParam<Row> {};
 
 TEST_P(AText, IsXmlAsTheTableSays) { EXPECT_EQ(GetParam().isXml, IsXmlText(GetParam().text)); }
@@ -84,6 +100,8 @@ TEST_P(AText, IsForQueriesAsTheTableSays) {
   EXPECT_EQ(GetParam().isForQueries, IsQueryType("Type" + GetParam().text));
   EXPECT_EQ(GetParam().isForQueries, IsQueryItemName("Name" + GetParam().text));
 }
+
+TEST_P(AText, ThatQueriesTakeSelectsJustItself) { ExpectSelectsJustItself(GetParam().text); }
 
 INSTANTIATE_TEST_SUITE_P(Rows, AText, testing::ValuesIn(kRows),
                          [](const auto& row) { return row.param.name; });
@@ -108,6 +126,8 @@ TEST_P(AnAsciiCharacter, MayStandInATypeUnlessItIsADoubleQuoteOrControlCharacter
 TEST_P(AnAsciiCharacter, MayStandInAnItemsNameUnlessItIsASingleQuoteOrControlCharacter) {
   EXPECT_EQ(!m_isControl && m_text != "'", IsQueryItemName(m_text));
 }
+
+TEST_P(AnAsciiCharacter, ThatQueriesTakeSelectsJustItself) { ExpectSelectsJustItself(m_text); }
 
 INSTANTIATE_TEST_SUITE_P(All, AnAsciiCharacter, testing::Range(0, 0x80));
 
