@@ -26,11 +26,11 @@ struct Point;
 /// an empty text or the caller's default; libxml2 reports a parse or expression error to standard
 /// error. Only `std::bad_alloc` and what the global locale throws while a number is read get out.
 ///
-/// Trust: entities multiply when a text is read; a file of 22 KB made `GetSingleValue()` answer
-/// with 40 MB after 11 s. `ParseFile()` and `SaveToFile()` may reach beyond files, see there. So
-/// parse files that are trusted or that `analytics-settingsctl check` passed, and prefer a libxml2
-/// built without network. Entities and type declarations in other files are not read, unless the
-/// program has libxml2 do so.
+/// Trust: entities multiply when a text is read; with libxml2 2.9.14 a file of 22 KB made
+/// `GetSingleValue()` answer with 40 MB after 11 s. `ParseFile()` and `SaveToFile()` may reach
+/// beyond files, see there. So parse files that are trusted or that `analytics-settingsctl check`
+/// passed, and prefer a libxml2 built without network. Entities and type declarations in other
+/// files are not read, unless the program has libxml2 do so.
 ///
 /// Queries: of namespace prefixes only "xml" is bound, so a path with another one selects nothing;
 /// a derived document binds prefixes by overriding `CreateSearchContext()`. An expression that
@@ -144,8 +144,9 @@ class ANALYTICS_API Document {
   /// libxml2's `xmlIndentTreeOutput` says. "-" is standard output, and libxml2 may send the
   /// document to an "http:" address.
   ///
-  /// libxml2 2.9.14 takes the path for a URI: "a%20b.xml" writes "a b.xml", which `ParseFile` finds
-  /// under either name, and "%00" ends the name. libxml2 2.15 takes names as they are.
+  /// libxml2 takes the path for a URI: "a%20b.xml" writes "a b.xml", and "%00" ends the name.
+  /// `ParseFile` finds that file under either name with libxml2 2.9.14, unless there is one of just
+  /// the given name; libxml2 2.15 takes names to read as they are.
   ///
   /// @return false for an empty path or a closed document; else true, even when the write failed:
   ///         whoever needs the copy reads it back
