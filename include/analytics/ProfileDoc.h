@@ -15,43 +15,50 @@ class Calibration;
 /// An analytics profile: rules, engines and event sinks in the ONVIF analytics vocabulary, extended
 /// by the vendor's namespace.
 ///
-/// Rules and engines are elements of the ONVIF namespace, event sinks of the vendor's; they are
-/// found at any depth. The tags and prefixes of all queries come from `analytics::Settings` at each
-/// call, the prefixes' URIs each time a search context is made (after each parse). So a change of
-/// the settings' prefixes takes the profile's queries with it only after the next parse or
-/// `CreateSearchContext()`; until then they select nothing. A file may write any prefix: the
-/// namespace URI decides.
-///
-/// Parameters hang below a rule or engine as
+/// Rules and engines are elements of the ONVIF namespace, event sinks of the vendor's, found at any
+/// depth; the URI of the namespace decides, not the prefix that a file writes. Their parameters are
 /// `<tt:Parameters><tt:SimpleItem Name="" Value=""/><tt:ElementItem Name="">..</tt:ElementItem>`.
+/// Queries compare "Type" and "Name" in no namespace; attributes are read in any, see
+/// `DocumentNode::GetProperty`.
 ///
-/// Ownership, errors and threads: as `Document`. In addition the first profile parsed loads the
-/// settings, and texts near the maximum string size give `std::length_error`. Types and names are
-/// put into queries without escaping: a type with a double quote and an item name with a single
-/// quote match nothing.
+/// Queries: each call takes tags and prefixes from `Settings`, each search context the prefixes'
+/// URIs. After a change of the settings an open profile needs `CreateSearchContext()`: until then a
+/// new prefix selects nothing, or what it was bound to before. Tags, prefixes, types and names are
+/// put into queries unescaped. A type with a double quote or an item name with a single quote
+/// becomes part of the expression and can select, change or delete anything:
+/// `DeleteRules("x\" or \"1\"=\"1")` deletes every rule. Callers must refuse such texts where they
+/// come from outside the product, with `analytics/Text.h`:
 ///
-/// Geometry is in image coordinates, in pixels or whatever unit the profile uses.
+///     if (!analytics::text::IsQueryType(type)) return false;  // item names: IsQueryItemName
+///
+/// Ownership: as `Document`. With a context of another document that one is read and changed.
+///
+/// Errors: as `Document`; also `std::length_error` for texts near the maximum size and whatever the
+/// platform's `Trace` and `Calibration` throw get out.
+///
+/// Threads: one profile is used by one thread at a time. Profiles read the settings without a lock,
+/// and the first good parse or query by type or name makes them: before different threads use
+/// profiles, one thread parses one or calls an operation of `Settings`; during
+/// `Settings::LoadSettings` no thread uses a profile.
 class ANALYTICS_API ProfileDoc : public Document {
  public:
   /// Makes a closed profile.
   ProfileDoc();
 
+  /// Closes the profile.
   ~ProfileDoc() override;
 
-  /// Reads a point from the attributes "x" and "y" of `node`.
-  ///
-  /// @param point  a coordinate whose attribute is absent, empty or blank keeps its value
-  /// @return false, with the point unchanged, only if `node` is null
+  /// Reads a point from the attributes "x" and "y" of `node`; where one is absent, empty or blank
+  /// the coordinate keeps its value. Gives false, with the point unchanged, only for a null `node`.
   bool PointFromNode(DocumentNode* node, types::Point& point) override;
 
-  /// Makes the search context with the ONVIF and the vendor's prefix bound, as the settings now
-  /// give them.
+  /// Makes the search context with the ONVIF and the vendor's prefix bound as the settings now give
+  /// them; one that is both is the vendor's, an empty one selects nothing.
   ///
-  /// @return whether there is a search context now; true also when libxml2 refuses a prefix (an
-  ///         empty one), whose queries then select nothing
+  /// @return whether there is a search context now: not for a closed profile
   bool CreateSearchContext() override;
 
-  /// The first rule of a type.
+  /// The first rule of a type, in document order.
   ///
   /// @param type  compared exactly with the attribute "Type"; empty means any type, or none
   /// @return a new node that the caller deletes; null if there is none
@@ -60,109 +67,92 @@ class ANALYTICS_API ProfileDoc : public Document {
   /// All rules of a type, in document order; else as `SelectRule`.
   std::vector<DocumentNode*> SelectRules(const std::string& type);
 
-  /// Takes all rules of a type out of the profile and frees them.
-  ///
-  /// @param type  compared exactly; empty deletes nothing, so that an empty filter can never wipe
-  ///              all rules
-  /// @return how many rules were deleted
+  /// Takes all rules of a type, also those within others, out of the profile and frees them; gives
+  /// their number. An empty type deletes nothing: an empty filter must not wipe all rules.
   int DeleteRules(const std::string& type);
 
   /// The first engine of a type; else as `SelectRule`.
   DocumentNode* SelectEngine(const std::string& type);
 
-  /// All engines of a type, in document order; else as `SelectRule`.
+  /// All engines of a type; else as `SelectRules`.
   std::vector<DocumentNode*> SelectEngines(const std::string& type);
 
-  /// All event sinks of a type, in document order; else as `SelectRule`.
+  /// All event sinks of a type; else as `SelectRules`.
   std::vector<DocumentNode*> SelectEventSinks(const std::string& type);
 
-  /// Relative XPath text of the simple items.
-  ///
-  /// @param throughParameters  true: for a rule or engine as context, "tt:Parameters/tt:SimpleItem"
-  ///                           with the settings' prefix; false: for a "Parameters" element as
-  ///                           context, "tt:SimpleItem"
+  /// Relative XPath text of the simple items: "tt:Parameters/tt:SimpleItem", with the settings'
+  /// prefix, from a rule or engine, or "tt:SimpleItem" from a "Parameters" element.
   static std::string SimpleItemQry(bool throughParameters);
 
   /// Relative XPath text of the element items; else as `SimpleItemQry`.
   static std::string ElementItemQry(bool throughParameters);
 
-  /// Value of a simple item.
+  /// Value of the first simple item of a name.
   ///
-  /// @param name               the item's "Name", compared exactly
-  /// @param context            a rule or engine, or its "Parameters" element
-  /// @param throughParameters  which of both `context` is, see `SimpleItemQry`
+  /// @param name     compared exactly with the attribute "Name"
+  /// @param context  a rule or engine, or its "Parameters" element if not `throughParameters`; null
+  ///                 means the root element
   /// @return the text of "Value"; empty if there is no such item or attribute
   std::string GetSimpleItemValue(const std::string& name, DocumentNode* context,
                                  bool throughParameters = true);
 
-  /// Value of a simple item as an integer; else as the form for text.
-  ///
-  /// @param defaultValue  the answer if there is no such item or its value is empty or blank
-  /// @return the number that the value starts with, 0 if it starts with none ("true")
+  /// The same as an integer; the default if there is no such item or its value is empty or blank, 0
+  /// if the value starts with no number ("true").
   int GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context,
                          bool throughParameters);
 
-  /// Sets the value of a simple item that exists.
-  ///
-  /// @param context  the rule or engine
-  /// @return false, with nothing changed, if there is no such item
+  /// Sets the value of the first simple item of a name in a rule or engine. Gives false, with
+  /// nothing changed, if there is no such item.
   bool SetSimpleItemValue(const std::string& name, int value, DocumentNode* context = nullptr);
 
-  /// Sets the value of a simple item that exists; else as the form for integers.
+  /// Sets it to a text, see `DocumentNode::SetProperty`; else as the form for integers.
   bool SetSimpleItemValue(const std::string& name, const std::string& value,
                           DocumentNode* context = nullptr);
 
-  /// Sets the value of a simple item, appending the item if there is none.
+  /// Sets the value of the first simple item of a name, or appends a new item.
   ///
-  /// @param parameters  the "Parameters" element itself
-  /// @return always true, also when nothing could be written because `parameters` is null or empty:
-  ///         callers treat a profile without a place for the item as up to date
+  /// What its query does not find is appended by every call, so that the profile grows without
+  /// bound: a name that `text::IsQueryItemName` refuses ("Driver's side"), and any name without
+  /// search context, outside the ONVIF namespace or after a change of its prefix.
+  ///
+  /// @param parameters  the "Parameters" element itself; null means the root element, to which
+  ///                    nothing is appended
+  /// @return always true, also when nothing was written because `parameters` is null or empty: kept
+  ///         for compatibility, installed runtimes see it
   bool SetOrAddSimpleItemValue(const std::string& name, int value,
                                DocumentNode* parameters = nullptr);
 
-  /// Sets the value of a simple item, appending the item if there is none; else as the form for
-  /// integers.
+  /// Sets it to a text, see `DocumentNode::SetProperty`; else as the form for integers.
   bool SetOrAddSimpleItemValue(const std::string& name, const std::string& value,
                                DocumentNode* parameters = nullptr);
 
-  /// Whether at least one rule of a type is active: its simple item "Active" starts with an integer
-  /// other than 0. "true" is not active.
-  ///
-  /// @param type  as in `SelectRule`
+  /// Whether a rule of a type, as in `SelectRule`, is active: its simple item "Active" starts with
+  /// an integer other than 0. "true" is not active.
   bool RuleIsActive(const std::string& type);
 
-  /// The distinct types of the active rules, in the order in which they first occur; rules without
-  /// a type are left out.
+  /// The distinct types of the active rules, without empty ones, in the order of their first active
+  /// rule.
   std::vector<std::string> ActiveRules();
 
-  /// Appends the points that `xpath` selects, in document order.
-  ///
-  /// @param points   appended to and never cleared, so that lists can be gathered
-  /// @param xpath    selects the elements with the attributes "x" and "y"; an absent one is 0
-  /// @param context  where a relative path starts; null means the root element
-  /// @return whether anything was selected
+  /// Appends the points that `xpath` selects to a list, which is not cleared; gives whether there
+  /// are any. A coordinate is 0 where its attribute, "x" or "y", is absent, empty or blank.
   bool GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                  DocumentNode* context = nullptr);
 
-  /// The first two points that `xpath` selects.
-  ///
-  /// @return false, with the line unchanged, if there are fewer than two
+  /// Reads the first two points that `xpath` selects, as `GetPoints` does. Gives false, with the
+  /// line unchanged, if there are fewer.
   bool GetLine(types::Point (&line)[2], const std::string& xpath, DocumentNode* context = nullptr);
 
-  /// A rectangle from the attributes of the first element that `xpath` selects.
-  ///
-  /// @param rect  set to (left, top) and (right, bottom); a coordinate whose attribute is absent,
-  ///              empty or blank keeps its value
-  /// @return false, with the rectangle unchanged, if nothing is selected
+  /// Reads (left, top) and (right, bottom) from the attributes of these names of the first element
+  /// that `xpath` selects; where one is absent, empty or blank the coordinate keeps its value.
+  /// Gives false, with the rectangle unchanged, if nothing is selected.
   bool GetRectangle(types::Point (&rect)[2], const std::string& xpath,
                     DocumentNode* context = nullptr);
 
   /// The camera calibration of a rule or engine: the vendor's "Calibration" element within the
-  /// ONVIF element item named "Calibration".
+  /// ONVIF element item named "Calibration"; several count as one.
   ///
-  /// @param calibration  what the profile lacks keeps its value; all four setters are called in any
-  ///                     case
-  /// @param context      the rule or engine
+  /// @param calibration  what the profile lacks keeps its value; all four setters are called anyway
   /// @return always true; to know whether there is a calibration, select its element item
   bool GetCalibration(Calibration& calibration, DocumentNode* context = nullptr);
 };

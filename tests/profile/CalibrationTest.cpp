@@ -84,6 +84,13 @@ TEST_F(ACalibration, HasItsMissingPiecesFilledUpFromASecondOne) {
                              Parameters(std::string(kFarWidth) + kHeight)));
 }
 
+TEST_F(ACalibration, HasALineOfPointsThatStandInTwo) {
+  const std::string first = "<ka:FarWidth><tt:Point x='1' y='2'/></ka:FarWidth>";
+  const std::string second = "<ka:FarWidth><tt:Point x='3' y='4'/></ka:FarWidth>";
+  EXPECT_THAT(ReadRule(Parameters(first) + Parameters(second)),
+              testing::HasSubstr("far width (1,2)-(3,4),"));
+}
+
 TEST_F(ACalibration, OfAnotherRuleIsNotRead) {
   Parse("<tt:rule Type='A'/><tt:rule Type='B'>" + Parameters(WholeContent()) + "</tt:rule>");
   const NodePtr rule(m_profile.SelectRule("A"));

@@ -44,6 +44,20 @@ TEST_F(APointOfANode, MayComeFromAnyElement) {
   EXPECT_THAT(Read("<ka:Corner x='5' y='9'/>"), IsPoint(5, 9));
 }
 
+TEST_F(APointOfANode, IsReadFromAttributesOfAnyNamespace) {
+  EXPECT_THAT(Read("<tt:Point tt:x='5' ka:y='9'/>"), IsPoint(5, 9));
+}
+
+TEST_F(APointOfANode, KeepsItsValuesForANodeThatIsNoElement) {
+  Parse("<tt:Point x='5' y='9'>text</tt:Point>");
+  for (const char* path : {"tt:Point/@x", "tt:Point/text()", "/"}) {
+    const tests::NodePtr node = Node(path);
+    Point point{1, 2};
+    EXPECT_TRUE(m_profile.PointFromNode(node.get(), point)) << path;
+    EXPECT_THAT(point, IsPoint(1, 2)) << path;
+  }
+}
+
 TEST_F(APointOfANode, KeepsCoordinatesThatAreEmptyOrBlank) {
   EXPECT_THAT(Read("<tt:Point x='' y='  '/>"), IsPoint(1, 2));
 }

@@ -88,6 +88,27 @@ TEST_F(AChangeOfTheSettings, OfAPrefixHidesTheItemsUntilTheNextContext) {
   });
 }
 
+TEST_F(AChangeOfTheSettings, OfAPrefixHasAnItemAddedByEveryCallUntilTheNextContext) {
+  InFreshProcess([this] {
+    ParseUnderBuiltInSettings();
+    const NodePtr parameters = Node("tt:Parameters");
+    LoadPrefixes("on", "ve");
+    EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", 2, parameters.get()));
+    EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", "3", parameters.get()));
+    EXPECT_EQ(3U, tests::All(m_profile, "tt:SimpleItem", parameters.get()).size());
+  });
+}
+
+TEST_F(AChangeOfTheSettings, ThatSwapsThePrefixesSelectsInTheOldNamespacesUntilTheNextContext) {
+  InFreshProcess([this] {
+    Parse("<tt:rule n='1'/><ka:rule n='2'/>");
+    LoadPrefixes("ka", "tt");
+    EXPECT_THAT(Rules(), ElementsAre("2"));
+    EXPECT_TRUE(m_profile.CreateSearchContext());
+    EXPECT_THAT(Rules(), ElementsAre("1"));
+  });
+}
+
 TEST_F(AChangeOfTheSettings, OfATagTakesEffectAtOnce) {
   InFreshProcess([this] {
     ParseUnderBuiltInSettings();

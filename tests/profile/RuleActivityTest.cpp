@@ -209,6 +209,12 @@ TEST_F(TheActiveRules, KeepTypesThatNoFilterCouldFind) {
   EXPECT_THAT(m_profile.ActiveRules(), ElementsAre("A\""));
 }
 
+TEST_F(TheActiveRules, HaveTypesOfAnyNamespaceThatNoFilterCompares) {
+  Parse(Rule("tt:Type='A'", "1"));
+  EXPECT_THAT(m_profile.ActiveRules(), ElementsAre("A"));
+  EXPECT_FALSE(m_profile.RuleIsActive("A"));
+}
+
 TEST_F(TheActiveRules, AreFoundAtAnyDepth) {
   Parse("<a>" + Rule("Type='A'", "1") + "</a><tt:rule Type='C'>" + Rule("Type='B'", "1") +
         "</tt:rule>");

@@ -115,6 +115,33 @@ TEST_F(AnAddedItem, WithASingleQuoteInItsNameIsAddedAgainEachTime) {
       Parameters());
 }
 
+/// A name with which the query of an item finds nothing.
+struct NameRow {
+  const char* name;
+  std::string asked;
+};
+
+const NameRow kUnfoundNames[] = {
+    {"SingleQuote", "Driver's side"},
+    {"TwoSingleQuotes", "'a'"},
+    {"Nul", std::string("a\0b", 3)},
+    {"ControlCharacter", "a\x01"},
+};
+
+class AnItemThatNoQueryFinds : public AnAddedItem, public testing::WithParamInterface<NameRow> {};
+
+TEST_P(AnItemThatNoQueryFinds, IsAddedByEveryCall) {
+  ParseParameters("");
+  for (int call = 0; call < 5; ++call) {
+    EXPECT_TRUE(Add(GetParam().asked, call));
+    EXPECT_TRUE(Add(GetParam().asked, std::string("text")));
+  }
+  EXPECT_EQ(10U, tests::All(m_profile, "tt:Parameters/tt:SimpleItem").size());
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, AnItemThatNoQueryFinds, testing::ValuesIn(kUnfoundNames),
+                         [](const testing::TestParamInfo<NameRow>& row) { return row.param.name; });
+
 TEST_F(AnAddedItem, TakesThePrefixOfItsParameters) {
   ParseWhole("<p xmlns:r='http://www.onvif.org/ver10/schema'><r:Parameters/></p>");
   m_parameters = Node("tt:Parameters");

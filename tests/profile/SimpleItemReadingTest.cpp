@@ -63,6 +63,14 @@ TEST_F(ASimpleItem, OfARootParametersElementIsReadWithoutContext) {
   EXPECT_EQ(7, m_profile.GetSimpleItemValue("a", 5, nullptr, false));
 }
 
+TEST_F(ASimpleItem, IsNotReadThroughAnEmptyContext) {
+  ParseWhole(RootTag("tt:rule") + "<tt:Parameters><tt:SimpleItem Name='a' Value='7'/>" +
+             "</tt:Parameters></tt:rule>");
+  DocumentNode empty;
+  EXPECT_EQ("", m_profile.GetSimpleItemValue("a", &empty, true));
+  EXPECT_EQ(5, m_profile.GetSimpleItemValue("a", 5, &empty, true));
+}
+
 TEST_F(ASimpleItem, OfAnotherRuleIsNotRead) {
   Parse(
       "<tt:rule Type='A'><tt:Parameters/></tt:rule>"
@@ -90,6 +98,12 @@ TEST_F(ASimpleItem, ThatIsMissingGivesEmptyText) {
 TEST_F(ASimpleItem, WithoutValueGivesEmptyText) {
   ParseRule("<tt:SimpleItem Name='a' value='1'>1</tt:SimpleItem>");
   EXPECT_EQ("", Read("a"));
+}
+
+// The query compares "Name" in no namespace; what is then read has its local name alone.
+TEST_F(ASimpleItem, HasTheFirstValueOfAnyNamespace) {
+  ParseRule("<tt:SimpleItem Name='a' tt:Value='1' Value='2'/>");
+  EXPECT_EQ("1", Read("a"));
 }
 
 TEST_F(ASimpleItem, WithAnEmptyValueGivesEmptyText) {

@@ -111,6 +111,22 @@ TEST_F(ASetItem, IsLookedUpFromTheRootUnlessAContextIsGiven) {
   EXPECT_EQ("nine", m_profile.GetSimpleItemValue("a", nullptr));
 }
 
+TEST_F(ASetItem, IsNotFoundThroughAnEmptyContext) {
+  ParseWhole(RootTag("tt:rule") + "<tt:Parameters><tt:SimpleItem Name='a' Value='7'/>" +
+             "</tt:Parameters></tt:rule>");
+  DocumentNode empty;
+  EXPECT_FALSE(m_profile.SetSimpleItemValue("a", 8, &empty));
+  EXPECT_FALSE(m_profile.SetSimpleItemValue("a", "8", &empty));
+  EXPECT_EQ("7", m_profile.GetSimpleItemValue("a", nullptr, true));
+}
+
+TEST_F(ASetItem, GainsAValueBesideThatOfANamespaceWhichIsStillRead) {
+  ParseRule("<tt:SimpleItem Name='a' tt:Value='1'/>");
+  EXPECT_TRUE(Set("a", 2));
+  EXPECT_EQ("<tt:SimpleItem Name=\"a\" tt:Value=\"1\" Value=\"2\"/>", Parameters());
+  EXPECT_EQ("1", m_profile.GetSimpleItemValue("a", m_rule.get(), true));
+}
+
 TEST_F(ASetItem, MayBelongToAnEngine) {
   Parse(
       "<tt:engine><tt:Parameters><tt:SimpleItem Name='a' Value='1'/></tt:Parameters>"

@@ -165,6 +165,17 @@ TEST(AProfileWithoutContext, IsOpenAllTheSame) {
   EXPECT_THAT(profile.DumpToString(), testing::HasSubstr("<tt:rule/>"));
 }
 
+TEST(AProfileWithoutContext, AddsAnItemByEveryCall) {
+  ProfileWithoutSearchContext profile;
+  ASSERT_TRUE(profile.ParseString(tests::RootTag("tt:Parameters") + "</tt:Parameters>"));
+  const NodePtr parameters(profile.SelectRootNode());
+  EXPECT_TRUE(profile.SetOrAddSimpleItemValue("a", 1, parameters.get()));
+  EXPECT_TRUE(profile.SetOrAddSimpleItemValue("a", "2", parameters.get()));
+  EXPECT_THAT(profile.DumpToString(),
+              testing::HasSubstr("<tt:SimpleItem Name=\"a\" Value=\"1\"/>\n"
+                                 "  <tt:SimpleItem Name=\"a\" Value=\"2\"/>"));
+}
+
 TEST(AProfileThatFailedToParse, WorksAgainAfterAGoodParse) {
   ProfileDoc profile;
   EXPECT_FALSE(profile.ParseString("<profile>"));
