@@ -8,29 +8,34 @@
 
 namespace analytics {
 
-/// The analytics runtime's own settings, one set for the process.
+/// The analytics runtime's own settings, one set for the process; an object holds nothing.
 ///
-/// The settings come from an XML file without namespaces. Its path is the first word to which a
-/// POSIX shell expands the environment variable `ANALYTICS_INI` (tilde, variables, quotes and
-/// command substitution), or the variable's raw text where that expansion fails, or
-/// "/usr/local/kestal/analytics/conf/analytics.ini" where the variable is not set or expands to no
-/// word. The variable can run commands: whoever sets it must be trusted.
+/// Path: the first word to which a POSIX shell expands the environment variable `ANALYTICS_INI`:
+/// tilde, variables, commands, arithmetic, file patterns and quotes. If that expansion fails it is
+/// the variable's raw text; if the variable is not set, or the word is missing or empty, it is
+/// "/usr/local/kestal/analytics/conf/analytics.ini".
 ///
-/// The first operation called loads that file, whatever comes of it; later only `LoadSettings`
-/// loads. Until a file has been parsed every setting has its built-in value. A file that parses
-/// replaces all settings: a number it lacks falls back to its built-in value, a text it lacks
-/// becomes empty, so that no setting of one file is ever mixed with those of another. Of an element
-/// that occurs more than once the first counts.
+/// Trust: each expansion runs the commands in the variable and waits for them, even if it then
+/// fails, so whoever sets the environment must be trusted. So must the path and the file: libxml2
+/// opens more than files and multiplies entities (see `Document`), and the settings become part of
+/// profile queries (see `ProfileDoc`). `analytics-settingsctl check` finds mistakes, not malice.
 ///
-/// Ownership: all results are copies.
+/// Loading: the first operation (the next one, if it throws) loads that file, well-formed or not;
+/// later only `LoadSettings` loads. Until a file has been parsed every setting has its built-in
+/// value. A parsed file replaces all: a number that it lacks or leaves blank takes its built-in
+/// value, a text that it lacks is empty. Of an element that occurs more than once the first counts,
+/// but for pipes. Elements in a namespace are not found. Texts are UTF-8, numbers as in `Document`.
+///
+/// Ownership: all results are copies. The settings end when the library is unloaded or at exit.
 ///
 /// Errors: a file that is missing or not well-formed changes no stored setting and is reported
-/// through `analytics::Trace`; what is absent gives an empty text, an empty list or the caller's
-/// default. Only the errors of the string operations (`std::bad_alloc`, `std::length_error`) get
-/// out.
+/// through `analytics::Trace`. What is absent gives an empty text or list or the caller's default.
+/// Besides what `Document` lets out, `std::length_error` and what `Trace` throws get out; a load
+/// that an exception ends can leave settings of two files.
 ///
-/// Threads: no lock is taken. The first call and every `LoadSettings` are made while no other
-/// thread uses the settings; free queries and substitution are for one thread at a time.
+/// Threads: no lock is taken. The first use, which a profile can make, and every `LoadSettings`
+/// happen while no other thread uses settings or profiles or changes the environment. Stored
+/// settings are then for all threads, free queries and substitution for one at a time.
 class ANALYTICS_API Settings {
  public:
   Settings();
@@ -39,17 +44,16 @@ class ANALYTICS_API Settings {
   /// Loads or reloads the settings. As the first call of all it loads twice: first the file of
   /// `ANALYTICS_INI`, then the one asked for.
   ///
-  /// @param path  the file; empty means the file that `ANALYTICS_INI` now stands for
-  /// @return whether the file was parsed. If not, the stored settings below keep their values while
-  ///         the free queries answer as for an empty file.
+  /// @param path  not expanded; empty means the file that `ANALYTICS_INI` now stands for
+  /// @return whether the file was parsed. If not, stored settings keep their values, while the free
+  ///         queries and substitution find nothing.
   static bool LoadSettings(const std::string& path);
 
-  /// Amount of analytics resource available, in units; `//maxResource`, built-in 100000.
+  /// Amount of analytics resource available, in units, an `int`; `//maxResource`, built-in 100000.
   static std::int64_t MaxResource();
 
-  /// Paths of the named pipes that carry H.264 user data; the texts of `//userdataPipe` that are
-  /// not empty. "/var/run/primary.h264UserData.pipe" alone for a file without any; none at all as
-  /// long as no file has been parsed.
+  /// Paths of the named pipes that carry H.264 user data: all texts of `//userdataPipe` but empty
+  /// ones, else "/var/run/primary.h264UserData.pipe" alone. None until a file has been parsed.
   static std::vector<std::string> UserDataPipes();
 
   /// Directory of the analytics plug-ins; `//pluginRepository`, built-in
@@ -60,83 +64,62 @@ class ANALYTICS_API Settings {
   /// "/usr/local/kestal/analytics/quad-output.yuv".
   static std::string QuadOutputFile();
 
-  /// Element tag of a profile; `//tags/profile`, built-in "analytics-profile".
+  /// Element tags: `//tags/profile`, built-in "analytics-profile", `//tags/mediaSource`, built-in
+  /// "MediaSource", and `//tags/engines` to `//tags/cameraPreset`, built-in the element's own name.
   static std::string ProfileTag();
-
-  /// Element tag of a media source; `//tags/mediaSource`, built-in "MediaSource".
   static std::string MediaSourceTag();
-
-  /// Element tag of the engine list; `//tags/engines`, built-in "engines".
   static std::string EnginesTag();
-
-  /// Element tag of one engine; `//tags/engine`, built-in "engine".
   static std::string EngineTag();
-
-  /// Element tag of the rule list; `//tags/rules`, built-in "rules".
   static std::string RulesTag();
-
-  /// Element tag of one rule; `//tags/rule`, built-in "rule".
   static std::string RuleTag();
-
-  /// Element tag of the event sink list; `//tags/eventSinks`, built-in "eventSinks".
   static std::string EventSinksTag();
-
-  /// Element tag of one event sink; `//tags/eventSink`, built-in "eventSink".
   static std::string EventSinkTag();
-
-  /// Element tag of a camera preset; `//tags/cameraPreset`, built-in "cameraPreset".
   static std::string CameraPresetTag();
 
   /// URI of the vendor's namespace; `//namespaces/kestal/url`, built-in
   /// "urn:kestal-com:schema:onvif:analytics:1".
   static std::string KestalNs();
 
-  /// Prefix that queries use for the vendor's namespace; `//namespaces/kestal/prefix`, built-in
-  /// "ka".
+  /// Prefix that queries use for it; `//namespaces/kestal/prefix`, built-in "ka".
   static std::string KestalPrefix();
 
   /// URI of the ONVIF schema namespace; `//namespaces/onvif/url`, built-in
   /// "http://www.onvif.org/ver10/schema".
   static std::string OnvifNs();
 
-  /// Prefix that queries use for the ONVIF namespace; `//namespaces/onvif/prefix`, built-in "tt".
+  /// Prefix that queries use for it; `//namespaces/onvif/prefix`, built-in "tt".
   static std::string OnvifPrefix();
 
   /// Path of the profile that lists the default modules; `//profile4DefaultModules`, built-in
   /// "/Users/Projects/analytics-runtime/Profile4DefaultModules.xml".
   static std::string Profile4DefaultModules();
 
-  /// First element or attribute of the settings file that `xpath` selects, as an integer.
+  /// Text of the first node that `xpath` selects in the settings file, as an integer; the default
+  /// if nothing is selected or the text is empty or blank.
   ///
-  /// The three free queries ask the file of the last `LoadSettings`, not the stored settings: what
-  /// the file lacks has no built-in value here, and after a failed load nothing is found. The
-  /// expression ends at its first NUL; namespace prefixes cannot be used.
-  ///
-  /// @param xpath         XPath 1.0, from the root element
-  /// @param defaultValue  the answer if nothing is found or the text is empty or blank; conversion
-  ///                      as `DocumentNode` describes
+  /// The three free queries are those of a `Document`, from its root element. They ask the file of
+  /// the last load, not the stored settings: nothing has a built-in value here. They alone give
+  /// `//maxSessions` and `//videoInputFile`.
   static int GetValue(const std::string& xpath, int defaultValue);
 
-  /// Text of the first element or attribute that `xpath` selects; empty if nothing is found.
+  /// Text of the first node that `xpath` selects; empty if nothing is found.
   static std::string GetValue(const std::string& xpath);
 
-  /// Texts of all elements or attributes that `xpath` selects, in document order, empty ones left
-  /// out.
+  /// Texts of all nodes that `xpath` selects, in document order, empty ones left out.
   static std::vector<std::string> GetValues(const std::string& xpath);
 
   /// Replaces each reference `${name}` by the variable's value.
   ///
-  /// A variable is the first `<variable name="" value=""/>` of that name in a `variables` element
-  /// of the settings file, the name compared exactly. References are replaced leftmost first and
-  /// the result is searched again, so values may hold references. A name runs to the first "}". An
-  /// undefined variable gives the empty text, as does a name with a double quote, unless it happens
-  /// to complete the query that it is put into unescaped. "${}" ends the
-  /// substitution, as does a "${" without "}": what follows stays as it is.
+  /// That is the first value of a `<variable name="" value=""/>` of this name, compared exactly, in
+  /// a `variables` element of the settings file, or empty. The leftmost reference is replaced first
+  /// and the result searched again, so values may hold references. A name runs to the first "}".
+  /// "${}" ends the substitution, as does a "${" without "}": what follows stays as it is. A text
+  /// without a reference touches no settings and loads nothing.
   ///
-  /// A variable whose value leads back to itself never ends. Settings files are written with the
-  /// product; check them before they are shipped.
-  ///
-  /// A text without a reference touches no settings and loads nothing.
+  /// A variable whose value leads back to itself never ends and can fill the memory; values that
+  /// hold others twice double at each step; `analytics-settingsctl check` finds both. Names are put
+  /// into a query unescaped: a text from outside the product that holds "${" can read anything in
+  /// the settings file and must be refused.
   static std::string SubstituteVariables(const std::string& text);
 };
 

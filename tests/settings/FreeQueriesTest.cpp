@@ -117,6 +117,22 @@ TEST(TheFreeQueries, ResolveTheEntitiesThatTheFileDeclares) {
   EXPECT_EQ("123", Settings::GetValue("//b"));
 }
 
+TEST(TheFreeQueries, PutInEntitiesHoweverOftenTheyAreNamed) {
+  std::string references;
+  for (int count = 0; count < 200; ++count) references += "&e;";
+  ASSERT_TRUE(tests::LoadText("<!DOCTYPE a [<!ENTITY e '" + std::string(1000, 'x') + "'>]><a><b>" +
+                              references + "</b><quadOutputFile>" + references +
+                              "</quadOutputFile></a>"));
+  EXPECT_EQ(std::string(200000, 'x'), Settings::GetValue("//b"));
+  EXPECT_EQ(std::string(200000, 'x'), Settings::QuadOutputFile());
+}
+
+TEST(TheFreeQueries, KnowNoPrefixButThatOfXmlItself) {
+  ASSERT_TRUE(tests::LoadText("<a xml:lang='en' xmlns:v='urn:v' v:b='1'/>"));
+  EXPECT_EQ("en", Settings::GetValue("//@xml:lang"));
+  EXPECT_EQ("", Settings::GetValue("//@v:b"));
+}
+
 TEST(TheFreeQueries, AnswerFromTheFileAndNotFromTheStoredSettings) {
   ASSERT_TRUE(tests::LoadContent("<pluginRepository>/opt</pluginRepository>"));
   EXPECT_EQ("/opt/", Settings::PluginRepository());

@@ -1,3 +1,4 @@
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 
@@ -73,6 +74,26 @@ TEST_F(ALoad, TakesItsPathAsItStands) {
     EXPECT_FALSE(Settings::LoadSettings("~/a.ini"));
     EXPECT_FALSE(Settings::LoadSettings("$HOME/a.ini"));
     EXPECT_EQ(Then(FailedLoad("~/a.ini"), FailedLoad("$HOME/a.ini")), CallsSoFar());
+  });
+}
+
+// What else is opened is libxml2's matter: standard input stands for all of it here.
+TEST_F(ALoad, TakesWhateverLibxml2Opens) {
+  AfterFirstUse([] {
+    const tests::TemporaryDirectory directory;
+    const std::string text = "<settings><maxResource>7</maxResource></settings>";
+    ASSERT_TRUE(std::freopen(directory.Write("input", text).c_str(), "r", stdin));
+    EXPECT_TRUE(Settings::LoadSettings("-"));
+    EXPECT_EQ(7, Settings::MaxResource());
+  });
+}
+
+TEST_F(ALoad, TakesItsPathToItsFirstNul) {
+  AfterFirstUse([] {
+    tests::ServeFile("/served.ini", "<settings/>");
+    EXPECT_TRUE(Settings::LoadSettings(std::string("/served.ini\0x", 13)));
+    EXPECT_FALSE(Settings::LoadSettings(std::string("\0", 1)));
+    EXPECT_EQ(Then(GoodLoad("/served.ini"), FailedLoad("")), CallsSoFar());
   });
 }
 

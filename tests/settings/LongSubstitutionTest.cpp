@@ -2,6 +2,7 @@
 #include <cstdlib>
 #include <ostream>
 #include <string>
+#include <thread>
 
 #include <gmock/gmock.h>
 #include <sys/time.h>
@@ -10,6 +11,8 @@
 #include <analytics/Settings.h>
 
 #include "tests/settings/SettingsText.h"
+#include "tests/support/MemoryInUse.h"
+#include "tests/support/TimeLimit.h"
 
 namespace analytics {
 namespace {
@@ -39,6 +42,31 @@ TEST(AChainOfVariables, IsFollowedToItsEnd) {
   }
   ASSERT_TRUE(tests::LoadContent(tests::ElementOf("variables", variables)));
   EXPECT_EQ("end", Settings::SubstituteVariables("${v0}"));
+}
+
+TEST(VariablesThatHoldOthersTwice, DoubleAtEachStep) {
+  std::string variables = Variable("v12", "x");
+  for (int index = 0; index < 12; ++index) {
+    const std::string next = "${v" + std::to_string(index + 1) + "}";
+    variables += Variable("v" + std::to_string(index), next + next);
+  }
+  ASSERT_TRUE(tests::LoadContent(tests::ElementOf("variables", variables)));
+  EXPECT_EQ(std::string(4096, 'x'), Settings::SubstituteVariables("${v0}"));
+}
+
+/// Substitutes in a thread of its own and ends the process once that has taken so much memory.
+void SubstituteUntilMemoryGrows(const std::string& text, long bytes) {
+  const tests::TimeLimit limit;
+  const long before = tests::ResidentBytes();
+  std::thread([text] { Settings::SubstituteVariables(text); }).detach();
+  while (tests::ResidentBytes() < before + bytes) std::this_thread::yield();
+  _exit(EXIT_SUCCESS);
+}
+
+TEST(ASelfReferenceAmongText, TakesMoreAndMoreMemory) {
+  const std::string value = "${a}" + std::string(4'000'000, 'x');
+  ASSERT_TRUE(tests::LoadContent(tests::ElementOf("variables", Variable("a", value))));
+  EXPECT_EXIT(SubstituteUntilMemoryGrows("${a}", 100'000'000), testing::ExitedWithCode(0), "");
 }
 
 struct Cycle {

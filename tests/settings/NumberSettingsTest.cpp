@@ -7,6 +7,7 @@
 
 #include <analytics/Settings.h>
 
+#include "tests/document/GlobalLocale.h"
 #include "tests/settings/SettingsText.h"
 
 namespace analytics {
@@ -111,6 +112,14 @@ TEST(TheResource, IsNotFoundInANamespace) {
 TEST(TheResource, IsNotReadFromAttributes) {
   ASSERT_TRUE(LoadText("<a maxResource='40'><maxResource value='50'/></a>"));
   EXPECT_EQ(100000, Settings::MaxResource());
+}
+
+TEST(TheResource, IsReadUnderTheGlobalLocale) {
+  ASSERT_TRUE(LoadContent("<maxResource>80,000</maxResource>"));
+  EXPECT_EQ(80, Settings::MaxResource());
+  const GlobalLocale grouped(new GroupedNumbers);
+  ASSERT_TRUE(LoadContent("<maxResource>80,000</maxResource>"));
+  EXPECT_EQ(80000, Settings::MaxResource());
 }
 
 TEST(TheNumberOfSessions, IsReadByAQueryWhoseDefaultIsTheCallers) {

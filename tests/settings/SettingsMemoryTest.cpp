@@ -162,6 +162,32 @@ TEST_P(SettingsMemoryTest, GivesWhatItHasOrNothing) { RunOutOfXmlMemory(); }
 INSTANTIATE_TEST_SUITE_P(Rows, SettingsMemoryTest, testing::ValuesIn(kRows),
                          tests::MemoryRowName<SettingsSubject>);
 
+/// Whether one text setting has a value of the one file and another that of the other.
+bool IsMixed() {
+  const bool isNew = Settings::ProfileTag() == "new" + kLong;
+  return (Settings::OnvifPrefix() == "new" + kLong) != isNew;
+}
+
+/// The settings' first and last text, of one file.
+std::string FirstAndLastText(const std::string& text) {
+  return ElementOf("settings",
+                   ElementOf("tags/profile", text) + ElementOf("namespaces/onvif/prefix", text));
+}
+
+TEST(ALoadWithoutMemory, CanLeaveSettingsOfTwoFiles) {
+  if (!tests::FailingAllocation::IsPossible()) GTEST_SKIP() << "the sanitizer's own operator new";
+  const tests::TemporaryDirectory directory;
+  const std::string file = directory.Write("new.ini", FirstAndLastText("new" + kLong));
+  ASSERT_TRUE(tests::LoadText(FirstAndLastText("old" + kLong)));
+  bool wasMixed = false;
+  tests::WithEachAllocationFailing(tests::Shortage::kOnce, [&] {
+    wasMixed = wasMixed || IsMixed();
+    Settings::LoadSettings(file);
+  });
+  EXPECT_TRUE(wasMixed);
+  EXPECT_FALSE(IsMixed());
+}
+
 /// The rows of the stored texts, one for each setting.
 template <std::size_t... kIndices>
 std::vector<tests::MemoryRow<SettingsSubject>> TextRows(std::index_sequence<kIndices...> /*all*/) {

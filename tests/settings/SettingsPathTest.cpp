@@ -125,6 +125,44 @@ INSTANTIATE_TEST_SUITE_P(Expansions, TheSettingsPath, testing::ValuesIn(kExpansi
 INSTANTIATE_TEST_SUITE_P(Rejected, TheSettingsPath, testing::ValuesIn(kRejected),
                          testing::PrintToStringParamName());
 
+/// Commands in the variable that append a line to a file each time that they run.
+class ACommandInTheSettingsPath : public testing::Test {
+ protected:
+  /// A command without output, followed by `rest`.
+  std::string Command(const std::string& rest) const {
+    return "$(echo run >> " + m_ran + ")" + rest;
+  }
+
+  std::string Ran() const { return tests::FileText(m_ran); }
+
+ private:
+  const tests::TemporaryDirectory m_directory;
+  const std::string m_ran = m_directory.PathOf("ran");
+};
+
+TEST_F(ACommandInTheSettingsPath, RunsAtEachExpansion) {
+  tests::InFreshProcess([this] {
+    setenv("ANALYTICS_INI", Command("/nonexistent/a.ini").c_str(), 1);
+    Settings::MaxResource();
+    EXPECT_EQ("run\n", Ran());
+    Settings::MaxResource();
+    EXPECT_FALSE(Settings::LoadSettings("/nonexistent/b.ini"));
+    EXPECT_EQ("run\n", Ran());
+    EXPECT_FALSE(Settings::LoadSettings(""));
+    EXPECT_EQ("run\nrun\n", Ran());
+  });
+}
+
+TEST_F(ACommandInTheSettingsPath, RunsEvenIfTheExpansionThenFails) {
+  tests::InFreshProcess([this] {
+    const std::string path = Command("/nonexistent/a.ini;");
+    setenv("ANALYTICS_INI", path.c_str(), 1);
+    Settings::MaxResource();
+    EXPECT_EQ("run\n", Ran());
+    EXPECT_EQ(tests::FailedLoad(path), tests::CallsSoFar());
+  });
+}
+
 TEST(APatternAsSettingsPath, NamesItsFirstMatch) {
   const tests::TemporaryDirectory directory;
   directory.Write("b.ini", "<settings><maxResource>2</maxResource></settings>");

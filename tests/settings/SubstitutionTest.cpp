@@ -33,11 +33,15 @@ constexpr char kFile[] = R"(<settings>
     <variable name="start" value="${"/>
     <variable name="end" value="}"/>
     <variable name="stop" value="${}"/>
+    <variable name="late"/><variable name="late" value="first"/><variable name="late" value="2nd"/>
     <group><variable name="nested" value="wrong"/></group>
     <v:variable xmlns:v="urn:example" name="vendor" value="wrong"/>
+    <variable xmlns:v="urn:example" v:name="nameless" value="wrong"/>
+    <variable xmlns:v="urn:example" name="vendorValue" v:value="wrong"/>
     <other name="other" value="wrong"/>
   </variables></deeper></deep>
   <variables><variable name="later" value="found"/></variables>
+  <secret>42</secret>
 </settings>)";
 
 struct Row {
@@ -61,11 +65,14 @@ const Row kReferences[] = {
     {"Undefined", "${missing}/a", "/a"},
     {"UndefinedAmongDefined", "${dir}${missing}${dir}", "/tmp/tmp"},
     {"WithoutValueAttribute", "a${valueless}b", "ab"},
+    {"FirstValueOfSeveral", "${late}", "first"},
     {"ValueAsElementText", "a${element}b", "ab"},
     {"SecondVariablesElement", "${later}", "found"},
     {"OutsideVariables", "a${outside}b", "ab"},
     {"DeeperInVariables", "a${nested}b", "ab"},
     {"InANamespace", "a${vendor}b", "ab"},
+    {"NameInANamespace", "a${nameless}b", "ab"},
+    {"ValueInANamespace", "a${vendorValue}b", "ab"},
     {"OfOtherElement", "a${other}b", "ab"},
 };
 
@@ -79,6 +86,7 @@ const Row kNames[] = {
     {"DoubleQuotesDoNotEvaluate", "a${say \"hi\"}b", "ab"},
     {"OneDoubleQuoteDoesNotEvaluate", "a${\"}${dir}", "a/tmp"},
     {"DoubleQuotesThatCompleteTheQuery", "${none\" or @name=\"inner}", "x"},
+    {"DoubleQuotesThatReadAnyElement", "${x\"] | //secret | //x[@y=\"}", "42"},
     {"Bracket", "${a]b}", "bracket"},
     {"Ampersand", "${a&b}", "ampersand"},
     {"EntityIsNotResolved", "a${a&amp;b}b", "ab"},
