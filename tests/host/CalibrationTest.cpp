@@ -72,6 +72,12 @@ TEST_P(APairOfACalibration, IsACopyOfThePointsGiven) {
   EXPECT_THAT(Value(), ElementsAreArray(kOther));
 }
 
+TEST_P(APairOfACalibration, IsSeenToChangeByWhoAskedBefore) {
+  const Point(&before)[2] = Value();
+  Set(kSample);
+  EXPECT_THAT(before, ElementsAreArray(kSample));
+}
+
 TEST_P(APairOfACalibration, LeavesTheOthersAsTheyAre) {
   Set(kSample);
   EXPECT_EQ(0, m_calibration.PhysicalHeight());

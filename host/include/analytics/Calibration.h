@@ -7,7 +7,8 @@ namespace analytics {
 /// What a camera sees of objects of a known height: their size near and far.
 ///
 /// A plain record behind accessors; on the camera further quantities are derived from it. All
-/// points are in image coordinates, the height is in the unit that the profile uses.
+/// points are in image coordinates, the height is in the unit that the profile uses. What a getter
+/// gives refers to the object: setters change it.
 ///
 /// Threads: one object is used by one thread at a time.
 class Calibration {

@@ -4,7 +4,7 @@
 
 namespace analytics {
 
-/// A lock between threads.
+/// A lock between threads. It is destroyed while no thread holds it or waits for it.
 class Mutex {
  public:
   /// @param recursive  whether the thread that holds the lock may take it again

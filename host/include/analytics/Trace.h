@@ -5,10 +5,11 @@ namespace analytics {
 /// The diagnostic sink: writes one line a message to standard error.
 ///
 /// A line starts with "analytics: ", or with "analytics[level]: " if the message has a level. Line
-/// breaks in a message become blanks, those at its end are dropped. The environment variable
-/// `ANALYTICS_TRACE` with the value "0" silences all messages.
+/// feeds in a message become blanks, those at its end are dropped; other control characters stay. A
+/// format that cannot be filled is written itself. While the environment variable `ANALYTICS_TRACE`
+/// is "0" nothing is written.
 ///
-/// Threads: any; lines of different threads do not mix.
+/// Threads: any, while none changes the environment; lines of different threads do not mix.
 class Trace {
  public:
   Trace();
