@@ -119,6 +119,7 @@ std::string Store::CreatedDirectory() const {
 IniFile Store::Read() const { return ParsedStore(Text(), m_path); }
 
 void Store::Edit(const std::function<void(IniFile&)>& edit) const {
+  Read();  // what is wrong with the file is found while nobody has to wait for it
   const WriteLock lock(CreatedDirectory() + "/" + FileName() + ".lock");
   const std::string text = Text();
   const IniFile before = ParsedStore(text, m_path);

@@ -1,8 +1,7 @@
 #include "host/tavrel-settings/StoreReading.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <stdexcept>
+#include <sstream>
 
 #include "host/tavrel-settings/GlibPtr.h"
 
@@ -29,17 +28,44 @@ std::string LoadProblem(const std::string& text) {
   return Load(GlibPtr<GKeyFile>(g_key_file_new()).get(), text);
 }
 
-/// Finds the first line of a text that does not load, which GLib does not tell.
-[[noreturn]] void ThrowMalformed(const std::string& text, const std::string& path) {
-  std::size_t line = 0;
-  std::size_t end = 0;
-  std::string problem;
-  while (problem.empty()) {
-    ++line;
-    end = std::min(text.find('\n', end), text.size() - 1) + 1;
-    problem = LoadProblem(text.substr(0, end));
+/// The name of the group that a well-formed line starts; empty if it starts none.
+std::string GroupStartedBy(const std::string& line) {
+  const std::size_t start = line.find_first_not_of(" \t\r\f");
+  if (start == std::string::npos || line[start] != '[') return "";
+  return line.substr(start + 1, line.find(']', start) - start - 1);
+}
+
+/// What of the lines before a line decides whether it is well-formed: whether it is in a group, and
+/// whether that is the first one, where GLib takes the key "Encoding" for the text's own.
+class LinesBefore {
+ public:
+  void Add(const std::string& line) {
+    const std::string group = GroupStartedBy(line);
+    if (group.empty()) return;
+    if (m_first.empty()) m_first = group;
+    m_headers = group == m_first ? "[A]\n" : "[A]\n[B]\n";
   }
-  throw std::runtime_error(path + ":" + std::to_string(line) + ": " + problem);
+
+  /// The shortest lines that decide the same.
+  const std::string& Headers() const { return m_headers; }
+
+ private:
+  std::string m_first;
+  std::string m_headers;
+};
+
+/// Finds the first line of a text that does not load, which GLib does not tell. Each line is loaded
+/// once: to load all lines before it, too, would take minutes where there are many.
+[[noreturn]] void ThrowMalformed(const std::string& text, const std::string& path) {
+  std::istringstream lines(text);
+  std::size_t number = 0;
+  LinesBefore before;
+  std::string problem;
+  for (std::string line; problem.empty() && std::getline(lines, line); before.Add(line)) {
+    problem = LoadProblem(before.Headers() + line + "\n");
+    ++number;
+  }
+  throw MalformedStore(path + ":" + std::to_string(number) + ": " + problem);
 }
 
 void CopyKeys(GKeyFile* file, const char* group, IniFile& to) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <stdexcept>
 #include <string>
 
 #include <tavrel/core/IniFile.h>
@@ -7,9 +8,15 @@
 namespace tavrel {
 namespace settings {
 
-/// Reads the text of a store.
+/// A store that has a malformed line; the message starts with "FILE:LINE: ".
+class MalformedStore : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// Reads the text of a store, in time that its length sets, also when it is malformed.
 ///
-/// Errors: a malformed line gives a `std::runtime_error` whose message starts with "FILE:LINE: ".
+/// Errors: a malformed line gives a `MalformedStore`.
 ///
 /// @param path  names the file in messages
 core::IniFile ParsedStore(const std::string& text, const std::string& path);

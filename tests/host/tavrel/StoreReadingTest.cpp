@@ -5,7 +5,9 @@
 
 #include <gmock/gmock.h>
 
+#include "host/tavrel-settings/StoreReading.h"
 #include "tests/host/tavrel/StoreTest.h"
+#include "tests/support/TimeLimit.h"
 
 namespace tavrel {
 namespace settings {
@@ -80,6 +82,9 @@ const Malformed kMalformed[] = {
     {"KeyWithoutName", "[A]\n=1\n", ":2: ", "=1"},
     {"CommentWithSemicolon", "[A]\n; first\n", ":2: ", "; first"},
     {"NullByte", std::string("[A]\nx=1\ny=\0002\n", 13), ":3: ", "null byte"},
+    {"NullByteAfterAnotherBadLine", std::string("[A]\nabc\ny=\0002\n", 13), ":2: ", "abc"},
+    {"EncodingInTheFirstGroup", "[A]\n[B]\nEncoding=x\n[A]\nEncoding=x\n", ":5: ", "encoding"},
+    {"TextAfterAnIndentedGroup", "[A]\n \t[B] \n\n[C]x\n", ":4: ", "[C]x"},
 };
 
 class AMalformedLine : public tests::StoreTest, public testing::WithParamInterface<Malformed> {};
@@ -93,6 +98,15 @@ TEST_P(AMalformedLine, IsReportedWithFileAndLine) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, AMalformedLine, testing::ValuesIn(kMalformed),
                          testing::PrintToStringParamName());
+
+TEST_F(AStore, IsRefusedSoonForTheLastOfManyLines) {
+  const tests::TimeLimit limit;
+  std::string text = "[A]\n";
+  for (int key = 0; key < 20000; ++key) text += "key" + std::to_string(key) + "=some value\n";
+  Write(text + "abc\n");
+  EXPECT_THAT([] { Store().Read(); },
+              ThrowsMessage<MalformedStore>(StartsWith(Path() + ":20002: ")));
+}
 
 TEST_F(AStore, IsEmptyIfTheFileDoesNotExist) {
   EXPECT_THAT(Groups(), IsEmpty());
