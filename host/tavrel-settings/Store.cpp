@@ -15,6 +15,7 @@
 #include "host/tavrel-settings/Comparison.h"
 #include "host/tavrel-settings/FileDescriptor.h"
 #include "host/tavrel-settings/GlibPtr.h"
+#include "host/tavrel-settings/RegularFile.h"
 #include "host/tavrel-settings/StoreReading.h"
 #include "host/tavrel-settings/StoreText.h"
 
@@ -137,17 +138,7 @@ std::string Store::Directory() const {
   return GlibPtr<char>(g_path_get_dirname(m_path.c_str())).get();
 }
 
-std::string Store::Text() const {
-  char* text = nullptr;
-  gsize size = 0;
-  GError* error = nullptr;
-  g_file_get_contents(m_path.c_str(), &text, &size, &error);
-  const GlibPtr<char> ownedText(text);
-  const GlibPtr<GError> ownedError(error);
-  if (!error) return std::string(text, size);
-  if (g_error_matches(error, G_FILE_ERROR, G_FILE_ERROR_NOENT)) return "";
-  throw std::runtime_error(error->message);
-}
+std::string Store::Text() const { return TextOfRegularFile(m_path); }
 
 /// Writes a file beside the store, of whoever holds the lock, and has it take the store's place.
 void Store::Replace(const std::string& text, const WriteLock& /*held*/) const {

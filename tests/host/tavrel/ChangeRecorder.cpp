@@ -43,6 +43,11 @@ void ChangeRecorder::WaitForValue(const std::string& group, const std::string& k
   }
 }
 
+bool ChangeRecorder::StaysSilentFor(std::chrono::milliseconds time) {
+  std::unique_lock<std::mutex> lock(m_mutex);
+  return !m_arrival.wait_for(lock, time, [this] { return !m_changes.empty(); });
+}
+
 bool ChangeRecorder::HasNext() const {
   const std::lock_guard<std::mutex> lock(m_mutex);
   return !m_changes.empty();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
 #include <deque>
 #include <functional>
@@ -24,6 +25,9 @@ class ChangeRecorder : public tavrel::settings::IChangeCallback {
 
   /// Waits until the changes from here on give a key a value.
   void WaitForValue(const std::string& group, const std::string& key, const std::string& value);
+
+  /// Whether there is no change for a while, nor one that nobody has waited for.
+  bool StaysSilentFor(std::chrono::milliseconds time);
 
   /// Whether there is a change that nobody has waited for.
   bool HasNext() const;

@@ -1,11 +1,15 @@
 #include <filesystem>
+#include <functional>
 #include <ostream>
 #include <stdexcept>
 #include <string>
 
 #include <gmock/gmock.h>
+#include <sys/stat.h>
+#include <tavrel/settings/TavrelSettingsClient.h>
 
 #include "host/tavrel-settings/StoreReading.h"
+#include "tests/host/tavrel/ChangeRecorder.h"
 #include "tests/host/tavrel/StoreTest.h"
 #include "tests/support/TimeLimit.h"
 
@@ -107,6 +111,46 @@ TEST_F(AStore, IsRefusedSoonForTheLastOfManyLines) {
   EXPECT_THAT([] { Store().Read(); },
               ThrowsMessage<MalformedStore>(StartsWith(Path() + ":20002: ")));
 }
+
+struct Irregular {
+  const char* name;
+  std::function<void(const std::string&)> make;
+};
+
+void PrintTo(const Irregular& row, std::ostream* out) { *out << row.name; }
+
+const Irregular kIrregular[] = {
+    {"Fifo", [](const std::string& path) { ASSERT_EQ(0, mkfifo(path.c_str(), 0666)); }},
+    {"Device", [](const std::string& path) { std::filesystem::create_symlink("/dev/zero", path); }},
+    {"Directory", [](const std::string& path) { std::filesystem::create_directory(path); }},
+};
+
+class WhatIsNoRegularFile : public tests::StoreTest, public testing::WithParamInterface<Irregular> {
+ protected:
+  WhatIsNoRegularFile() { GetParam().make(Path()); }
+
+  const tests::TimeLimit m_limit;
+};
+
+TEST_P(WhatIsNoRegularFile, IsNotRead) {
+  EXPECT_THAT([] { Store().Read(); }, ThrowsMessage<std::runtime_error>(HasSubstr("cannot read")));
+}
+
+TEST_P(WhatIsNoRegularFile, IsNotWritten) {
+  EXPECT_THAT([] { Set("A", "x", "1"); },
+              ThrowsMessage<std::runtime_error>(HasSubstr("cannot read")));
+  EXPECT_FALSE(std::filesystem::is_regular_file(Path()));
+}
+
+TEST_P(WhatIsNoRegularFile, IsNotWatched) {
+  tests::ChangeRecorder recorder;
+  TavrelSettingsClient client(TavrelSettingsClient::kObserve);
+  EXPECT_THAT([&] { client.Subscribe(&recorder, "A"); },
+              ThrowsMessage<std::runtime_error>(HasSubstr("cannot read")));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, WhatIsNoRegularFile, testing::ValuesIn(kIrregular),
+                         testing::PrintToStringParamName());
 
 TEST_F(AStore, IsEmptyIfTheFileDoesNotExist) {
   EXPECT_THAT(Groups(), IsEmpty());
