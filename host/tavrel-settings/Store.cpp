@@ -2,8 +2,6 @@
 
 #include <cstddef>
 #include <cstdio>
-#include <cstdlib>
-#include <memory>
 #include <stdexcept>
 
 #include <fcntl.h>
@@ -16,6 +14,7 @@
 #include "host/tavrel-settings/FileDescriptor.h"
 #include "host/tavrel-settings/GlibPtr.h"
 #include "host/tavrel-settings/RegularFile.h"
+#include "host/tavrel-settings/StorePath.h"
 #include "host/tavrel-settings/StoreReading.h"
 #include "host/tavrel-settings/StoreText.h"
 
@@ -24,29 +23,6 @@ namespace settings {
 namespace {
 
 using core::IniFile;
-
-/// Value of an environment variable; one without a value counts as missing.
-std::string Variable(const char* name) {
-  const char* const value = std::getenv(name);
-  return value ? value : "";
-}
-
-std::string NamedPath() {
-  std::string file = Variable("TAVREL_SETTINGS");
-  if (!file.empty()) return file;
-  const std::string state = Variable("XDG_STATE_HOME");
-  if (!state.empty()) return state + "/tavrel-settings.ini";
-  const std::string home = Variable("HOME");
-  if (!home.empty()) return home + "/.local/state/tavrel-settings.ini";
-  throw std::runtime_error(
-      "cannot find the settings: none of TAVREL_SETTINGS, XDG_STATE_HOME and HOME is set");
-}
-
-std::string Resolved(const std::string& path) {
-  const std::unique_ptr<char, decltype(&std::free)> resolved(realpath(path.c_str(), nullptr),
-                                                             &std::free);
-  return resolved ? resolved.get() : path;
-}
 
 /// Gives a file the permissions of the one at `path`, if there is one.
 void CopyMode(const std::string& path, const FileDescriptor& to) {
@@ -105,7 +81,9 @@ class WriteLock {
   const FileDescriptor m_file;
 };
 
-Store::Store() : m_path(Resolved(NamedPath())) {}
+Store::Store() : Store(NamedStore()) {}
+
+Store::Store(const std::string& name) : m_path(FollowedPath(name)) {}
 
 std::string Store::FileName() const {
   return GlibPtr<char>(g_path_get_basename(m_path.c_str())).get();

@@ -24,6 +24,9 @@ class Store {
   /// The store that the environment names; see `TavrelSettingsClient`.
   Store();
 
+  /// The store that an absolute path leads to now.
+  explicit Store(const std::string& name);
+
   /// Path of the file. Where a link was named this is what it leads to, so that writing keeps it.
   const std::string& Path() const { return m_path; }
 

@@ -137,6 +137,24 @@ TEST_F(Hostctl, FailsIfTheOutputCannotBeWritten) {
   EXPECT_EQ("hostctl: cannot write the output\n", get.Errors());
 }
 
+TEST_F(Hostctl, FailsWithARelativeStoreInADirectoryThatIsGone) {
+  const std::string gone = m_directory.PathOf("gone");
+  tests::Command get({"/bin/sh", "-c",
+                      "mkdir " + gone + " && cd " + gone + " && rmdir " + gone +
+                          " && TAVREL_SETTINGS=a.ini " + TESTS_HOSTCTL + " get"});
+  EXPECT_EQ(1, get.Wait());
+  EXPECT_THAT(get.Errors(), StartsWith("hostctl: cannot find the settings: a.ini"));
+}
+
+TEST_F(Hostctl, FindsARelativeStore) {
+  Write(kDoors);
+  tests::Command get({"/bin/sh", "-c",
+                      "cd " + m_directory.Path() + " && TAVREL_SETTINGS=./store.ini " +
+                          TESTS_HOSTCTL + " get Gate"});
+  EXPECT_EQ(0, get.Wait());
+  EXPECT_EQ("[Gate]\nx=1\n", get.Output());
+}
+
 TEST_F(Hostctl, GetsWhatMayBeAStoreItself) {
   Write(kDoors);
   const auto groups = Groups();

@@ -14,7 +14,8 @@ class IChangeCallback;
 ///
 /// The service of a workstation is one INI file, shared by any number of processes: the file that
 /// the environment variable `TAVREL_SETTINGS` names, else `tavrel-settings.ini` in
-/// `$XDG_STATE_HOME` or, without that, in `$HOME/.local/state`. A file that does not exist is a
+/// `$XDG_STATE_HOME` or, without that, in `$HOME/.local/state`. A relative name starts at the
+/// directory that the process was in when this library was loaded. A file that does not exist is a
 /// store without settings.
 ///
 /// Patterns: a pattern that ends in "*" matches each group whose name starts with what precedes it;
