@@ -3,23 +3,23 @@
 #include <utility>
 
 #include "host/tavrel-settings/FileWatch.h"
+#include "host/tavrel-settings/Store.h"
+#include "host/tavrel-settings/StoreReading.h"
 #include "host/tavrel-settings/Subscriptions.h"
 
 namespace tavrel {
 namespace settings {
 
 struct ChangeWatcher::State {
-  State(TavrelSettingsClient* source, Store watched)
-      : store(std::move(watched)),
-        watch(store.CreatedDirectory(), store.FileName()),
-        subscriptions(source) {}
+  State(TavrelSettingsClient* source, std::string name)
+      : store(std::move(name)), watch(store), subscriptions(source) {}
 
-  const Store store;
+  const std::string store;  // its name, which may lead elsewhere each time
   FileWatch watch;
   Subscriptions subscriptions;
 };
 
-ChangeWatcher::ChangeWatcher(TavrelSettingsClient* source, const Store& store)
+ChangeWatcher::ChangeWatcher(TavrelSettingsClient* source, const std::string& store)
     : m_state(std::make_shared<State>(source, store)), m_thread(&ChangeWatcher::Run, m_state) {}
 
 ChangeWatcher::~ChangeWatcher() {
@@ -41,11 +41,25 @@ void ChangeWatcher::UnSubscribe(const IChangeCallback* callback) {
   m_state->subscriptions.Remove(callback);
 }
 
+/// Waits for a change and delivers it.
+///
+/// @return false once the watch was stopped
+bool ChangeWatcher::Serve(State& state) {
+  if (!state.watch.Wait()) return false;
+  // In this order: what a subscription knows is never newer than what it is compared with.
+  const Subscriptions::List current = state.subscriptions.Current();
+  const core::IniFile settings = Store(state.store).Read();
+  if (state.watch.HasRead()) state.subscriptions.DeliverChanges(current, settings);
+  return true;
+}
+
 void ChangeWatcher::Run(const std::shared_ptr<State>& state) {
-  while (state->watch.Wait()) {
+  for (bool goesOn = true; goesOn;) {
     try {
-      state->subscriptions.DeliverChanges(state->store);
-    } catch (...) {  // protects the process: the next change may make the store readable again
+      goesOn = Serve(*state);
+    } catch (const MalformedStore&) {  // what is known stays until the file changes
+    } catch (...) {                    // protects the process
+      state->watch.HasFailed();
     }
   }
 }

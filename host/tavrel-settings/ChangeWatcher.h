@@ -6,8 +6,6 @@
 
 #include <tavrel/core/IniFile.h>
 
-#include "host/tavrel-settings/Store.h"
-
 namespace tavrel {
 namespace settings {
 
@@ -19,8 +17,11 @@ class TavrelSettingsClient;
 /// Threads: any.
 class ChangeWatcher {
  public:
-  /// From now on no change is missed. Creates the directory of the store, unless it is there.
-  ChangeWatcher(TavrelSettingsClient* source, const Store& store);
+  /// From now on no change is missed. Nothing is created, and each thing on the way to the store,
+  /// such as its directory, may come and go.
+  ///
+  /// @param store  the path that names it
+  ChangeWatcher(TavrelSettingsClient* source, const std::string& store);
 
   /// Ends the thread, after a delivery that is in progress. If it is that delivery that destroys
   /// the watcher, the thread ends by itself once the callback has returned.
@@ -37,6 +38,7 @@ class ChangeWatcher {
  private:
   struct State;
 
+  static bool Serve(State& state);
   static void Run(const std::shared_ptr<State>& state);
 
   const std::shared_ptr<State> m_state;  // the thread's too, which may outlive this object

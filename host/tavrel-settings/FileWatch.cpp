@@ -1,46 +1,46 @@
 #include "host/tavrel-settings/FileWatch.h"
 
-#include <cstddef>
-#include <cstdint>
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include <poll.h>
 #include <sys/eventfd.h>
-#include <sys/inotify.h>
 
 namespace tavrel {
 namespace settings {
 namespace {
 
-constexpr std::uint32_t kEvents =
-    IN_ATTRIB | IN_CLOSE_WRITE | IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO | IN_ONLYDIR;
+using Clock = Settling::Clock;
 
-/// Whether an event is about `file`, or says that events were lost.
-bool IsAbout(const std::string& file, const inotify_event& event) {
-  return (event.mask & IN_Q_OVERFLOW) != 0 || (event.len > 0 && file == event.name);
+/// Milliseconds until a time, for `poll`; never too few.
+int Until(Settling::Time time) {
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(time - Clock::now());
+  return static_cast<int>(std::max<long long>(0, left.count() + 1));
 }
 
 }  // namespace
 
-FileWatch::FileWatch(const std::string& directory, std::string file)
-    : m_file(std::move(file)),
-      m_inotify(inotify_init1(IN_CLOEXEC | IN_NONBLOCK), "cannot watch", directory),
-      m_wakeUps(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK), "cannot watch", directory),
-      m_isStopped(false) {
-  Checked(inotify_add_watch(m_inotify.Get(), directory.c_str(), kEvents), "cannot watch",
-          directory);
-}
+FileWatch::FileWatch(const std::string& path)
+    : m_way(path),
+      m_seen(m_way.File()),
+      m_wakeUps(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK), "cannot watch", path),
+      m_isStopped(false) {}
 
 bool FileWatch::Wait() {
   while (!m_isStopped) {
-    pollfd sources[] = {{m_inotify.Get(), POLLIN, 0}, {m_wakeUps.Get(), POLLIN, 0}};
-    poll(sources, 2, -1);  // an error, such as an interruption by a signal, finds nothing to read
-    const bool wasWoken = WasWoken();
-    const bool hasChange = HasChange();
-    if (!m_isStopped && (wasWoken || hasChange)) return true;
+    if (IsReady()) return true;
+    Sleep();
   }
   return false;
 }
+
+bool FileWatch::HasRead() {
+  const FileChange change = Look();
+  return m_settling.HasRead(change, IsThere(), Clock::now());
+}
+
+void FileWatch::HasFailed() { m_settling.Fail(Clock::now()); }
 
 void FileWatch::Wake() { eventfd_write(m_wakeUps.Get(), 1); }
 
@@ -49,25 +49,32 @@ void FileWatch::Stop() {
   Wake();
 }
 
-/// Takes all events there are.
-bool FileWatch::HasChange() const {
-  bool hasChange = false;
-  alignas(inotify_event) char events[4096];
-  for (;;) {
-    const ssize_t size = read(m_inotify.Get(), events, sizeof events);
-    if (size <= 0) return hasChange;
-    for (ssize_t at = 0; at < size;) {
-      const auto& event = *reinterpret_cast<const inotify_event*>(events + at);
-      hasChange = hasChange || IsAbout(m_file, event);
-      at += static_cast<ssize_t>(sizeof event + event.len);
-    }
-  }
+/// Whether the file is to be read now.
+bool FileWatch::IsReady() {
+  if (!m_settling.IsPending() || Clock::now() < m_settling.Due()) return false;
+  m_way.Follow();  // the last time may have failed
+  const FileChange change = Look();
+  const bool isReady = m_settling.MayRead(change, IsThere(), Clock::now());
+  if (isReady && !m_way.IsWatched()) HasFailed();  // what may go unnoticed is looked for
+  return isReady;
 }
 
-/// Takes all wake-ups there are.
-bool FileWatch::WasWoken() const {
+/// Waits until something happens or a read is due.
+void FileWatch::Sleep() {
+  pollfd sources[] = {{m_way.Descriptor(), POLLIN, 0}, {m_wakeUps.Get(), POLLIN, 0}};
+  // An error, such as an interruption by a signal, finds nothing to read.
+  poll(sources, 2, m_settling.IsPending() ? Until(m_settling.Due()) : -1);
+  const FileChange change = Look();
+  if (change != FileChange::kNone) m_settling.Note(change, IsThere(), Clock::now());
   eventfd_t count = 0;
-  return eventfd_read(m_wakeUps.Get(), &count) == 0;
+  if (eventfd_read(m_wakeUps.Get(), &count) == 0) m_settling.Ask(IsThere(), Clock::now());
+}
+
+/// Finds out how the file has changed since it was last looked at.
+FileChange FileWatch::Look() {
+  const FileChange change = m_way.Take();
+  const FileState before = std::exchange(m_seen, FileState(m_way.File()));
+  return change == FileChange::kNone && before != m_seen ? FileChange::kOther : change;
 }
 
 }  // namespace settings

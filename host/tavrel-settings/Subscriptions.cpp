@@ -6,7 +6,6 @@
 #include <tavrel/settings/IChangeCallback.h>
 
 #include "host/tavrel-settings/Comparison.h"
-#include "host/tavrel-settings/Store.h"
 
 namespace tavrel {
 namespace settings {
@@ -38,16 +37,13 @@ void Subscriptions::Clear() {
   End([](const Subscription&) { return true; });
 }
 
-void Subscriptions::DeliverChanges(const Store& store) {
-  // In this order: what a subscription knows is never newer than what it is compared with.
-  const List current = Current();
-  const IniFile settings = store.Read();
-  for (const auto& subscription : current) Deliver(*subscription, settings.AllGroups());
-}
-
 Subscriptions::List Subscriptions::Current() const {
   const std::lock_guard<std::mutex> lock(m_mutex);
   return m_list;
+}
+
+void Subscriptions::DeliverChanges(const List& subscriptions, const IniFile& settings) const {
+  for (const auto& subscription : subscriptions) Deliver(*subscription, settings.AllGroups());
 }
 
 IChangeCallback* Subscriptions::CallbackOf(const Subscription& subscription) const {

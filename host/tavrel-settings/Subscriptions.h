@@ -11,14 +11,17 @@ namespace tavrel {
 namespace settings {
 
 class IChangeCallback;
-class Store;
 class TavrelSettingsClient;
 
 /// Who wants to be told of changes of which groups, and what each of them knows.
 ///
 /// Threads: any, but only one delivers. No lock is held while a callback is called.
 class Subscriptions {
+  struct Subscription;
+
  public:
+  using List = std::vector<std::shared_ptr<Subscription>>;
+
   /// @param source  what callbacks are told as the source of changes
   explicit Subscriptions(TavrelSettingsClient* source) : m_source(source) {}
 
@@ -32,20 +35,21 @@ class Subscriptions {
   /// Ends all subscriptions.
   void Clear();
 
-  /// Tells each callback how the store differs from what it knows. To be called after each `Add`.
+  /// The subscriptions that there are now.
+  List Current() const;
+
+  /// Tells each callback how the settings differ from what it knows. To be called after each `Add`.
   ///
   /// A subscription may end during a delivery to it, and one of the same callback be made that
   /// knows newer settings. The delivery then possibly puts older settings over these; the new
   /// subscription corrects that the next time.
   ///
-  /// Errors: as `Store::Read`; then nobody is told. What a callback throws is swallowed.
-  void DeliverChanges(const Store& store);
+  /// @param subscriptions  those that there were before the settings were read
+  ///
+  /// Errors: what a callback throws is swallowed.
+  void DeliverChanges(const List& subscriptions, const core::IniFile& settings) const;
 
  private:
-  struct Subscription;
-  using List = std::vector<std::shared_ptr<Subscription>>;
-
-  List Current() const;
   IChangeCallback* CallbackOf(const Subscription& subscription) const;
   static core::IniFile TakeChanges(Subscription& subscription, const core::IniFile::Groups& groups);
   void Deliver(Subscription& subscription, const core::IniFile::Groups& groups) const;

@@ -6,6 +6,7 @@
 #include "host/tavrel-settings/ChangeWatcher.h"
 #include "host/tavrel-settings/Comparison.h"
 #include "host/tavrel-settings/Store.h"
+#include "host/tavrel-settings/StorePath.h"
 
 namespace tavrel {
 namespace settings {
@@ -26,7 +27,7 @@ class TavrelSettingsClient::Impl {
   IniFile::Groups Known(const std::string& pattern) const;
   ChangeWatcher& StartedWatcher(TavrelSettingsClient* client);
 
-  const Store m_store;
+  const std::string m_store = NamedStore();  // may lead elsewhere each time it is read
   mutable std::mutex m_mutex;
   std::map<std::string, IniFile::Groups> m_given;  // by pattern; under m_mutex
   std::unique_ptr<ChangeWatcher> m_watcher;        // made once, under m_mutex
@@ -52,7 +53,7 @@ void TavrelSettingsClient::Impl::UnSubscribe(const IChangeCallback* callback) {
 }
 
 IniFile::Groups TavrelSettingsClient::Impl::Stored(const std::string& pattern) const {
-  return Matching(pattern, m_store.Read().AllGroups());
+  return Matching(pattern, Store(m_store).Read().AllGroups());
 }
 
 IniFile::Groups TavrelSettingsClient::Impl::Known(const std::string& pattern) const {

@@ -1,15 +1,13 @@
 #include <chrono>
 #include <filesystem>
-#include <string>
 
 #include <gmock/gmock.h>
 #include <tavrel/settings/ResourceReserver.h>
-#include <tavrel/settings/TavrelSettingsClient.h>
 
 #include "tests/host/tavrel/ChangeRecorder.h"
 #include "tests/host/tavrel/ChildProcess.h"
 #include "tests/host/tavrel/FileReads.h"
-#include "tests/host/tavrel/StoreTest.h"
+#include "tests/host/tavrel/WatchedStore.h"
 
 namespace tavrel {
 namespace settings {
@@ -19,21 +17,7 @@ using core::IniFile;
 using std::chrono::milliseconds;
 using testing::ElementsAre;
 
-/// A store that is watched, by a client that waits for the first change.
-class AWatchedStore : public tests::StoreTest {
- protected:
-  AWatchedStore() {
-    Write("[A]\nx=1\n");
-    IniFile settings;
-    m_client.GetSettings("A", settings);
-    tests::FileReads reads(Path());
-    m_client.Subscribe(&m_recorder, "A");
-    reads.WaitForOne();  // to compare with what was got
-  }
-
-  tests::ChangeRecorder m_recorder;
-  TavrelSettingsClient m_client{TavrelSettingsClient::kObserve};
-};
+class AWatchedStore : public tests::WatchedStoreTest {};
 
 TEST_F(AWatchedStore, TellsOfAnEditOfItsOwnProcess) {
   Set("A", "x", "2");
@@ -116,18 +100,6 @@ TEST_F(AWatchedStore, KeepsItsLastGoodStateWhileItCannotBeRead) {
   std::filesystem::remove(Path());
   Write("[A]\nx=2\n");
   EXPECT_EQ((IniFile::Groups{{"A", {{"x", "2"}}}}), m_recorder.Next().AllGroups());
-}
-
-TEST(ADirectoryThatDoesNotExist, IsCreatedForWatching) {
-  const tests::TemporaryDirectory parent;
-  const std::string path = parent.PathOf("a/b/store.ini");
-  setenv("TAVREL_SETTINGS", path.c_str(), 1);
-  tests::ChangeRecorder recorder;
-  TavrelSettingsClient client(TavrelSettingsClient::kObserve);
-  client.Subscribe(&recorder, "A");
-  parent.Write("a/b/store.ini", "[A]\nx=1\n");
-  recorder.WaitForValue("A", "x", "1");
-  unsetenv("TAVREL_SETTINGS");
 }
 
 }  // namespace

@@ -23,7 +23,8 @@ class IChangeCallback;
 ///
 /// Errors: a store that cannot be read gives a `std::runtime_error` whose message names the file
 /// and the reason, a malformed line one whose message starts with "FILE:LINE: ". On the client's
-/// thread such a store is passed over: what is known stays until the next change.
+/// thread what is known stays meanwhile: a store that cannot be read is tried again every second, a
+/// malformed one is read again when it changes.
 ///
 /// Threads: any thread may call. A client with subscriptions watches the store on a thread of its
 /// own and delivers changes there, one after the other, without holding a lock of the client.
@@ -47,7 +48,11 @@ class TavrelSettingsClient {
 
   /// From now on tells `callback` of each change of groups that match `pattern`: of what differs
   /// from what `GetSettings` last gave for that pattern or, without that, from the store as it is
-  /// now. The directory of the store is created unless it is there.
+  /// now. Links and directories on the way to the store may change as well; nothing is created.
+  ///
+  /// A file that is moved into the store's place is read at once. One that is written in place is
+  /// read once it has been left alone for 0.1 s, or after 2 s; one that is gone counts as removed
+  /// after 0.3 s. Changes that follow each other closely may be told as one.
   ///
   /// @param callback  what it throws is swallowed
   void Subscribe(IChangeCallback* callback, const std::string& pattern);
