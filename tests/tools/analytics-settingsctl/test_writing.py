@@ -26,15 +26,10 @@ class AWrittenFile(EditTest):
         state = (self.directory / "p.xml").stat()
         self.assertEqual((state.st_uid, state.st_gid), (1234, 5678))
 
-    @unittest.skipUnless(os.geteuid() == 0, "only root may act as another")
-    def test_of_somebody_else_becomes_its_writers_and_that_is_told(self):
-        self.directory.chmod(0o777)
-        (self.directory / "p.xml").chmod(0o666)
-        done = self.run_command(*self.set("2"), user=1234)
-        self.assertEqual(done.returncode, 0)
-        self.assertEqual(done.stderr, "analytics-settingsctl: p.xml: is now yours, for only root "
-                         "may give a file to its former owner\n")
-        self.assertEqual((self.directory / "p.xml").stat().st_uid, 1234)
+    def test_loses_the_bit_that_has_it_run_as_its_owner(self):
+        (self.directory / "p.xml").chmod(0o4755)
+        self.answer(*self.set("2"))
+        self.assertEqual((self.directory / "p.xml").stat().st_mode & 0o7777, 0o755)
 
     def test_that_is_new_has_the_usual_mode(self):
         self.answer(*self.set("2", "-o", "out.xml"), preexec_fn=lambda: os.umask(0o027))
@@ -113,6 +108,21 @@ class AFailedWrite(EditTest):
                               capture_output=True)
         self.assert_untouched(done, "p.xml: cannot be written, and nothing was changed: "
                                     "Permission denied; allow it, or write elsewhere with -o")
+
+    @unittest.skipUnless(os.geteuid() == 0, "only root may act as another")
+    def test_of_somebody_elses_file_leaves_it_as_it_was(self):
+        self.directory.chmod(0o777)
+        (self.directory / "p.xml").chmod(0o666)
+        self.assert_untouched(self.run_command(*self.set("2"), user=1234),
+                              "p.xml: cannot be written, and nothing was changed: its owner or "
+                              "group would change; write it as its owner, or elsewhere with -o")
+        self.assertEqual((self.directory / "p.xml").stat().st_uid, 0)
+
+    def test_of_a_file_that_nobody_may_write_leaves_it_as_it_was(self):
+        (self.directory / "p.xml").chmod(0o444)
+        self.assert_untouched(self.run_command(*self.set("2")),
+                              "p.xml: cannot be written, and nothing was changed: Permission "
+                              "denied; allow it, or write elsewhere with -o")
 
     @unittest.skipUnless(os.geteuid() == 0, "only root may act as another")
     def test_of_ones_own_file_that_is_read_only_leaves_it_as_it_was(self):

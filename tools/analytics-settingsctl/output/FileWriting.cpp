@@ -1,26 +1,21 @@
 #include "output/FileWriting.h"
 
 #include <cerrno>
-#include <climits>
-#include <cstdio>
-#include <cstdlib>
 #include <cstring>
+#include <system_error>
 
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include "Failure.h"
+#include "files/LinkTarget.h"
+#include "files/Replacement.h"
 #include "input/FileDescriptor.h"
-#include "output/Messages.h"
 
 namespace settingsctl {
 namespace {
 
-constexpr mode_t kAllPermissions = 07777;
-constexpr mode_t kNewFile = 0666;
-constexpr auto kAnyOwner = static_cast<uid_t>(-1);
-constexpr int kMostLinks = 40;  // as many as the kernel follows
 constexpr const char* kUnchanged = ", and nothing was changed";
 
 /// What helps against an error of writing.
@@ -45,8 +40,7 @@ const char* Remedy(int error) {
   }
 }
 
-[[noreturn]] void Refuse(const std::string& path, const std::string& consequence) {
-  const int error = errno;
+[[noreturn]] void Refuse(const std::string& path, const std::string& consequence, int error) {
   throw Failure(path + ": cannot be written" + consequence + ": " + std::strerror(error) + "; " +
                 Remedy(error));
 }
@@ -60,109 +54,22 @@ bool WriteAll(const FileDescriptor& file, const std::string& text) {
   return true;
 }
 
-std::string DirectoryOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  if (slash == std::string::npos) return ".";
-  return slash == 0 ? "/" : path.substr(0, slash);
-}
-
-/// What a symbolic link holds; empty for what is none.
-std::string LinkText(const std::string& path) {
-  std::string text(PATH_MAX, '\0');
-  const ssize_t length = readlink(path.c_str(), text.data(), text.size());
-  text.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-  return text;
-}
-
-/// The file that a path leads to through symbolic links, whether it exists yet or not.
-std::string Target(const std::string& path) {
-  std::string target = path;
-  for (int links = 0; links <= kMostLinks; ++links) {
-    const std::string next = LinkText(target);
-    if (next.empty()) return target;
-    target = next.front() == '/' ? next : DirectoryOf(target).append("/").append(next);
-  }
-  errno = ELOOP;
-  Refuse(path, kUnchanged);
-}
-
-mode_t ModeOfNewFile() {
-  const mode_t mask = umask(0);
-  umask(mask);
-  return kNewFile & ~mask;
-}
-
-/// Who may do what with a file; by default it is its writer's.
-struct Rights {
-  mode_t mode;
-  uid_t owner = kAnyOwner;
-  gid_t group = static_cast<gid_t>(-1);
-};
-
-/// A new file beside the one that it will replace; removed at the end of its scope unless it did.
-class Replacement {
- public:
-  explicit Replacement(const std::string& target)
-      : m_path(DirectoryOf(target) + "/.analytics-settingsctl-XXXXXX"),
-        m_file(mkostemp(m_path.data(), O_CLOEXEC)) {}
-  ~Replacement() {
-    if (m_file.IsOpen() && !m_isInPlace) unlink(m_path.c_str());
-  }
-
-  Replacement(const Replacement&) = delete;
-  Replacement& operator=(const Replacement&) = delete;
-
-  bool Write(const std::string& text, const Rights& rights) {
-    return m_file.IsOpen() && WriteAll(m_file, text) && TakeOwner(rights) &&
-           fchmod(m_file.Get(), rights.mode) == 0 && fsync(m_file.Get()) == 0;
-  }
-
-  /// Whether the file is somebody else's than what it was to be.
-  bool HasOtherOwner(const Rights& rights) const {
-    struct stat state {};
-    return rights.owner != kAnyOwner && fstat(m_file.Get(), &state) == 0 &&
-           state.st_uid != rights.owner;
-  }
-
-  bool TakePlaceOf(const std::string& target) {
-    m_isInPlace = std::rename(m_path.c_str(), target.c_str()) == 0;
-    return m_isInPlace;
-  }
-
- private:
-  /// Only root may give a file away; what anybody else writes is theirs.
-  bool TakeOwner(const Rights& rights) const {
-    return fchown(m_file.Get(), rights.owner, rights.group) == 0 || errno == EPERM;
-  }
-
-  std::string m_path;
-  const FileDescriptor m_file;
-  bool m_isInPlace = false;
-};
-
-/// So that the new name, too, survives a power failure. Not all file systems can; none is worse
-/// off than without.
-void SyncDirectory(const std::string& target) {
-  const FileDescriptor directory(
-      open(DirectoryOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-  if (directory.IsOpen()) fsync(directory.Get());
-}
-
-void Replace(const std::string& path, const std::string& text, const Rights& rights) {
-  const std::string target = Target(path);
-  Replacement replacement(target);
-  if (!replacement.Write(text, rights) || !replacement.TakePlaceOf(target)) {
-    Refuse(path, kUnchanged);
-  }
-  SyncDirectory(target);
-  if (replacement.HasOtherOwner(rights)) {
-    PrintMessage(path + ": is now yours, for only root may give a file to its former owner");
+void Replace(const std::string& path, const std::string& text) {
+  try {
+    files::Replacement replacement(files::LinkTarget(path));
+    replacement.Write(text);
+    replacement.TakePlace();
+  } catch (const files::OwnershipError&) {
+    throw Failure(path + ": cannot be written" + kUnchanged +
+                  ": its owner or group would change; write it as its owner, or elsewhere with -o");
+  } catch (const std::system_error& error) {
+    Refuse(path, kUnchanged, error.code().value());
   }
 }
 
 void WriteInto(int file, const std::string& path, const std::string& text) {
   const FileDescriptor open(file);
-  if (!open.IsOpen() || !WriteAll(open, text)) Refuse(path, "");
+  if (!open.IsOpen() || !WriteAll(open, text)) Refuse(path, "", errno);
 }
 
 /// Opens what is no plain file. A pipe that nobody reads is refused rather than waited for.
@@ -177,10 +84,9 @@ int OpenSpecial(const std::string& path) {
 void WriteFile(const std::string& path, const std::string& text) {
   struct stat state {};
   if (path == "-") return WriteInto(dup(STDOUT_FILENO), "standard output", text);
-  if (stat(path.c_str(), &state) != 0) return Replace(path, text, {ModeOfNewFile()});
-  if (!S_ISREG(state.st_mode)) return WriteInto(OpenSpecial(path), path, text);
-  if (access(path.c_str(), W_OK) != 0) Refuse(path, kUnchanged);
-  Replace(path, text, {state.st_mode & kAllPermissions, state.st_uid, state.st_gid});
+  if (stat(path.c_str(), &state) == 0 && !S_ISREG(state.st_mode))
+    return WriteInto(OpenSpecial(path), path, text);
+  Replace(path, text);
 }
 
 }  // namespace settingsctl
