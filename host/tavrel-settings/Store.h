@@ -40,17 +40,24 @@ class Store {
   core::IniFile Read() const;
 
   /// Has `edit` change the settings, and writes what it changed; if that is nothing the file is not
-  /// touched. No write of others falls between reading and writing. If `edit` throws, nothing is
-  /// written. It must not edit the store again, which would wait for itself.
+  /// touched. No edit of another store falls between reading and writing. A file that an editor
+  /// changes meanwhile is read again, and `edit` then called again, with what it holds now. If
+  /// `edit` throws, nothing is written. It must not edit the store again, which would wait for
+  /// itself.
   ///
   /// A group, key or value that would not come back from the file as it is, such as one with a line
   /// break, is refused with `std::invalid_argument` before anything is written.
+  ///
+  /// Errors: also a file that the caller may not write, or that nobody may, a file that would
+  /// change its owner or group, and a lock that another program holds for more than five seconds.
+  /// The file then is as it was.
   void Edit(const std::function<void(core::IniFile&)>& edit) const;
 
  private:
   std::string Directory() const;
   std::string Text() const;
-  void Replace(const std::string& text, const WriteLock& held) const;
+  bool TryEdit(const std::function<void(core::IniFile&)>& edit, const WriteLock& lock) const;
+  bool TryReplace(const std::string& before, const std::string& after, const WriteLock& lock) const;
 
   std::string m_path;
 };

@@ -5,7 +5,6 @@
 #include <climits>
 #include <cstdlib>
 #include <stdexcept>
-#include <utility>
 
 #include <unistd.h>
 
@@ -65,7 +64,7 @@ std::string TakeName(std::string& path) {
 /// A path that is followed step by step.
 class Way {
  public:
-  explicit Way(std::string path) : m_rest(std::move(path)) {}
+  explicit Way(const std::string& path) : m_path(path), m_rest(path) {}
 
   void Follow(const BeforeStep& beforeStep) {
     for (std::string name = TakeName(m_rest); !name.empty(); name = TakeName(m_rest)) {
@@ -91,13 +90,14 @@ class Way {
 
   void GoOnAt(const std::string& link) {
     errno = ELOOP;
-    if (++m_links > kMostLinks) ThrowErrno("cannot follow the links of", m_reached);
+    if (++m_links > kMostLinks) ThrowErrno("cannot follow the links of", m_path);
     if (link.front() == '/') m_reached.clear();
     m_rest.insert(0, link + "/");
   }
 
-  std::string m_reached;  // without a slash at its end, so empty for the root
-  std::string m_rest;
+  const std::string m_path;  // as it was asked for
+  std::string m_reached;     // without a slash at its end, so empty for the root
+  std::string m_rest;        // what is still to be followed
   int m_links = 0;
 };
 

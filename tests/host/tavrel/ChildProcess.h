@@ -17,6 +17,8 @@ class ChildProcess {
   ChildProcess(const ChildProcess&) = delete;
   ChildProcess& operator=(const ChildProcess&) = delete;
 
+  pid_t Id() const { return m_process; }
+
   /// Ends the process at once, wherever it is.
   void Kill();
 

@@ -1,6 +1,5 @@
 #include <cstdlib>
 #include <filesystem>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 
@@ -33,14 +32,6 @@ TEST_F(TheFile, IsReplacedAsAWholeByAWrite) {
   EXPECT_EQ("[A]\nx=1\n", tests::FileText(Below("as-it-was.ini")));
 }
 
-TEST_F(TheFile, KeepsItsPermissions) {
-  Write("[A]\nx=1\n");
-  fs::permissions(Path(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write);
-  Set("A", "x", "2");
-  EXPECT_EQ(fs::perms::owner_read | fs::perms::owner_write | fs::perms::others_write,
-            fs::status(Path()).permissions());
-}
-
 TEST_F(TheFile, MayBeNamedByALink) {
   Write("[A]\nx=1\n");
   fs::create_symlink(Path(), Below("link.ini"));
@@ -50,29 +41,31 @@ TEST_F(TheFile, MayBeNamedByALink) {
   EXPECT_EQ("[A]\nx=2\n", Text());
 }
 
+TEST_F(TheFile, IsCreatedWhereALinkLeadsTo) {
+  fs::create_directory(Below("deep"));
+  fs::create_symlink("deep/next.ini", Below("link.ini"));
+  fs::create_symlink("../new.ini", Below("deep/next.ini"));
+  setenv("TAVREL_SETTINGS", Below("link.ini").c_str(), 1);
+  Set("A", "x", "1");
+  EXPECT_TRUE(fs::is_symlink(Below("link.ini")));
+  EXPECT_TRUE(fs::is_symlink(Below("deep/next.ini")));
+  EXPECT_EQ("[A]\nx=1\n", tests::FileText(Below("new.ini")));
+  EXPECT_TRUE(fs::exists(Below("new.ini.lock")));
+}
+
+TEST_F(TheFile, IsReportedIfLinksLeadToEachOther) {
+  fs::create_symlink("b.ini", Below("a.ini"));
+  fs::create_symlink("a.ini", Below("b.ini"));
+  setenv("TAVREL_SETTINGS", Below("a.ini").c_str(), 1);
+  EXPECT_THAT([] { Set("A", "x", "1"); },
+              ThrowsMessage<std::runtime_error>(
+                  AllOf(HasSubstr(Below("a.ini")), HasSubstr("symbolic links"))));
+}
+
 TEST_F(TheFile, IsCreatedWithItsDirectories) {
   setenv("TAVREL_SETTINGS", Below("a/b/store.ini").c_str(), 1);
   Set("A", "x", "1");
   EXPECT_EQ("[A]\nx=1\n", tests::FileText(Below("a/b/store.ini")));
-}
-
-TEST_F(TheFile, IsWrittenOverTheRestOfACrash) {
-  m_directory.Write("store.ini.new", "[A]\nx=1\nthis is longer than what is written now\n");
-  Set("A", "x", "2");
-  EXPECT_EQ("[A]\nx=2\n", Text());
-  EXPECT_FALSE(fs::exists(Below("store.ini.new")));
-}
-
-TEST_F(TheFile, IsWrittenOverTheRestOfACrashThatNobodyMayWrite) {
-  fs::permissions(m_directory.Write("store.ini.new", "[A]\n"), fs::perms(0444));
-  fs::permissions(m_directory.Path(), fs::perms(0777));
-  tests::InFreshProcess([] {
-    const tests::Unprivileged user;
-    ASSERT_TRUE(user.IsReady());
-    Set("A", "x", "2");
-  });
-  EXPECT_EQ("[A]\nx=2\n", Text());
-  EXPECT_FALSE(fs::exists(Below("store.ini.new")));
 }
 
 TEST_F(TheFile, IsFoundByTheStateDirectory) {
@@ -112,29 +105,14 @@ TEST_F(TheFile, IsReportedAsUnknownWithoutVariables) {
   });
 }
 
-struct Obstacle {
-  const char* name;
-  const char* directory;  // a directory in the way, below that of the store
-};
-
-void PrintTo(const Obstacle& row, std::ostream* out) { *out << row.name; }
-
-const Obstacle kObstacles[] = {{"InPlaceOfTheLock", "store.ini.lock"},
-                               {"InPlaceOfTheNewFile", "store.ini.new"}};
-
-class ADirectory : public tests::StoreTest, public testing::WithParamInterface<Obstacle> {};
-
-TEST_P(ADirectory, IsReportedAndLeavesTheStoreAsItIs) {
+TEST_F(TheFile, IsReportedAndLeftAsItIsIfADirectoryIsInPlaceOfTheLock) {
   Write("[A]\nx=1\n");
-  const std::string obstacle = m_directory.PathOf(GetParam().directory);
-  fs::create_directory(obstacle);
-  EXPECT_THAT([] { Set("A", "x", "2"); }, ThrowsMessage<std::runtime_error>(
-                                              AllOf(HasSubstr(obstacle), HasSubstr("directory"))));
+  fs::create_directory(Below("store.ini.lock"));
+  EXPECT_THAT([] { Set("A", "x", "2"); },
+              ThrowsMessage<std::runtime_error>(
+                  AllOf(HasSubstr(Below("store.ini.lock")), HasSubstr("directory"))));
   EXPECT_EQ("[A]\nx=1\n", Text());
 }
-
-INSTANTIATE_TEST_SUITE_P(Rows, ADirectory, testing::ValuesIn(kObstacles),
-                         testing::PrintToStringParamName());
 
 TEST_F(TheFile, IsReportedIfItsDirectoryCannotBeMade) {
   Write("");

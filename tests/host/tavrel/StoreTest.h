@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <set>
 #include <string>
 
 #include <gtest/gtest.h>
@@ -30,6 +31,14 @@ class StoreTest : public testing::Test {
   }
 
   std::string Text() const { return FileText(Path()); }
+
+  /// What is in the store's directory.
+  std::set<std::string> Names() const {
+    std::set<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(m_directory.Path()))
+      names.insert(entry.path().filename());
+    return names;
+  }
 
   /// What the store holds, however it was written.
   static tavrel::core::IniFile::Groups Groups() {

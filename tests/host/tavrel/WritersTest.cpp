@@ -1,6 +1,7 @@
 #include <chrono>
 #include <memory>
 #include <set>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,11 @@ namespace {
 using core::IniFile;
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
+using testing::HasSubstr;
 using testing::SizeIs;
 using testing::StartsWith;
+using testing::ThrowsMessage;
+using testing::UnorderedElementsAre;
 
 constexpr int kKeys = 100;
 
@@ -71,6 +75,43 @@ TEST_F(AWriter, ThatIsKilledLeavesAWholeStore) {
   }
   EXPECT_GE(generation, 25);
   EXPECT_THAT(Text(), StartsWith("# kept\n"));
+  WriteGeneration(generation);
+  EXPECT_THAT(Names(), UnorderedElementsAre("store.ini", "store.ini.lock"));
+}
+
+TEST_F(AWriter, ReadsAgainWhatAnEditorWroteMeanwhile) {
+  Write("[A]\nx=1\n");
+  int calls = 0;
+  Store().Edit([&](IniFile& settings) {
+    if (++calls == 1) Write("# by hand\n[A]\nx=2\n");
+    settings.SetValue("A", "y", settings.GetIntOrDefault("A", "x", 0) == 2 ? "new" : "old");
+  });
+  EXPECT_EQ("# by hand\n[A]\nx=2\ny=new\n", Text());
+  EXPECT_EQ(2, calls);
+}
+
+TEST_F(AWriter, ReadsAgainWhatAnEditorPutInItsPlaceMeanwhile) {
+  Write("[A]\nx=1\n");
+  int calls = 0;
+  Store().Edit([&](IniFile& settings) {
+    if (++calls == 1) ReplaceBy("[B]\n");
+    settings.SetValue("A", "y", "1");
+  });
+  EXPECT_EQ("[B]\n\n[A]\ny=1\n", Text());
+}
+
+TEST_F(AWriter, RefusesWhatAnEditorBrokeMeanwhile) {
+  Write("[A]\nx=1\n");
+  EXPECT_THAT(
+      [this] {
+        Store().Edit([this](IniFile& settings) {
+          Write("abc\n");
+          settings.SetValue("A", "y", "1");
+        });
+      },
+      ThrowsMessage<std::runtime_error>(HasSubstr(Path() + ":1: ")));
+  EXPECT_EQ("abc\n", Text());
+  EXPECT_THAT(Names(), UnorderedElementsAre("store.ini", "store.ini.lock"));
 }
 
 TEST_F(AWriter, IsNotSeenHalfwayByAReader) {
