@@ -4,7 +4,7 @@
 #include <cctype>
 #include <climits>
 #include <cstdlib>
-#include <map>
+#include <iterator>
 
 namespace tavrel {
 namespace core {
@@ -16,12 +16,20 @@ std::string LowerCase(std::string text) {
   return text;
 }
 
+struct TruthWord {
+  const char* word;
+  bool truth;
+};
+
+// Without a destructor: clients deliver changes until the very end of a process.
+constexpr TruthWord kTruthWords[] = {{"true", true},   {"yes", true}, {"on", true},   {"1", true},
+                                     {"false", false}, {"no", false}, {"off", false}, {"0", false}};
+
 bool ToBool(const std::string& text, bool otherwise) {
-  static const std::map<std::string, bool> words{{"true", true}, {"yes", true},    {"on", true},
-                                                 {"1", true},    {"false", false}, {"no", false},
-                                                 {"off", false}, {"0", false}};
-  const auto found = words.find(text);
-  return found != words.end() ? found->second : otherwise;
+  const auto* const found =
+      std::find_if(std::begin(kTruthWords), std::end(kTruthWords),
+                   [&](const TruthWord& entry) { return text == entry.word; });
+  return found != std::end(kTruthWords) ? found->truth : otherwise;
 }
 
 int ToInt(const std::string& text, int otherwise) {
