@@ -11,6 +11,7 @@
 #include <tavrel/settings/IChangeCallback.h>
 #include <tavrel/settings/TavrelSettingsClient.h>
 
+#include "platform/DeliveryGate.h"
 #include "platform/ScopedLock.h"
 #include "platform/WindowBlankingRegions.h"
 
@@ -48,10 +49,15 @@ struct SubscriberEntry {
 
 /// The state behind the facade, and what the platform calls back.
 ///
-/// Destroying it does not end a subscription to the platform: that is what `Stop` is for.
+/// Destroying it does not end a subscription to the platform: that is what `Stop` is for. A change
+/// may be in delivery then, which would find the settings gone while the client still lives.
 class WindowBlankingChangesImpl : public tavrel::settings::IChangeCallback {
  public:
   WindowBlankingChangesImpl();
+  ~WindowBlankingChangesImpl() override { m_gate.Close(); }
+
+  WindowBlankingChangesImpl(const WindowBlankingChangesImpl&) = delete;
+  WindowBlankingChangesImpl& operator=(const WindowBlankingChangesImpl&) = delete;
 
   void OnSettingsChanged(TavrelSettingsClient* source, const IniFile& changes) override;
 
@@ -65,6 +71,8 @@ class WindowBlankingChangesImpl : public tavrel::settings::IChangeCallback {
   void TryRefresh();
   void Notify(const tagWindowBlankingRegions& regions) const;
 
+  // First, so that it outlives the client: changes come until that is destroyed.
+  DeliveryGate m_gate;
   std::vector<SubscriberEntry> m_subscribers;  // under m_mutex
   Mutex m_mutex;
   tagWindowBlankingRegions m_regions;  // under m_mutex
@@ -79,6 +87,8 @@ WindowBlankingChangesImpl::WindowBlankingChangesImpl()
 
 void WindowBlankingChangesImpl::OnSettingsChanged(TavrelSettingsClient* /*source*/,
                                                   const IniFile& changes) {
+  const DeliveryGate::Passage passage(m_gate);
+  if (!passage.IsOpen()) return;
   const ScopedLock lock(m_mutex);
   try {
     m_settings.MergeSettings(changes);
@@ -155,7 +165,7 @@ WindowBlankingChanges::WindowBlankingChanges() = default;
 WindowBlankingChanges::~WindowBlankingChanges() = default;
 
 WindowBlankingChanges* WindowBlankingChanges::Instance() {
-  // No lock, deliberate: the first call is made before several threads can reach this.
+  // Deliberate: no lock. The first call has to be made before several threads can reach this.
   if (!m_sInstance.get()) {
     s_pImpl = std::make_unique<WindowBlankingChangesImpl>();
     m_sInstance.reset(new WindowBlankingChanges);

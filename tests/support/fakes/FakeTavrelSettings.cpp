@@ -61,6 +61,7 @@ TavrelSettingsClient::TavrelSettingsClient(OperationMode mode) : m_impl() {
 
 TavrelSettingsClient::~TavrelSettingsClient() {
   Note("TavrelSettingsClient::~TavrelSettingsClient()");
+  if (Platform::Instance().whileClosing) Platform::Instance().whileClosing();
 }
 
 void TavrelSettingsClient::GetSettings(const std::string& pattern, core::IniFile& out) const {

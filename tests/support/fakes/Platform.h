@@ -28,6 +28,7 @@ struct Platform {
   std::function<void()> whileAsked;        ///< if set, called during each question to a reserver
   std::function<void()> whileReading;      ///< if set, called at the end of `GetSettings`
   std::function<void()> whileSubscribing;  ///< if set, called at the end of `Subscribe`
+  std::function<void()> whileClosing;      ///< if set, called when a client is destroyed
   tavrel::core::IniFile stored;            ///< what `GetSettings` gives, whatever the pattern
 
   using Subscription = std::pair<tavrel::settings::IChangeCallback*, std::string>;
