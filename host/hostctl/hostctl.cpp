@@ -93,7 +93,9 @@ void Watch(const Arguments& arguments) {
 }
 
 void ShowResources() {
-  hostctl::WriteResources(std::cout, tavrel::settings::ReadResources(Store().Read()));
+  Store().Inspect([](const IniFile& settings) {
+    hostctl::WriteResources(std::cout, tavrel::settings::ReadResources(settings));
+  });
 }
 
 void AddCommands(CLI::App& app, Arguments& arguments) {

@@ -1,8 +1,11 @@
 #include "host/tavrel-settings/Resource.h"
 
 #include <algorithm>
+#include <climits>
 #include <iterator>
 #include <numeric>
+
+#include "host/tavrel-settings/BadSetting.h"
 
 namespace tavrel {
 namespace settings {
@@ -29,6 +32,18 @@ std::vector<std::string> Children(const IniFile& settings, const std::string& pa
   return names;
 }
 
+/// A number of units; 0 if it is missing, but never because it is none: too much would be claimed.
+int Units(const IniFile& settings, const std::string& group, const std::string& key) {
+  std::string text;
+  if (!settings.TryGetValue(text, group, key)) return 0;
+  const int units = settings.GetIntOrDefault(group, key, 0);
+  if (units != settings.GetIntOrDefault(group, key, 1))  // only an integer needs no default
+    throw BadSetting("the " + key + " \"" + text + "\" is not an integer from " +
+                         std::to_string(INT_MIN) + " to " + std::to_string(INT_MAX),
+                     group, key);
+  return units;
+}
+
 }  // namespace
 
 const char* const kUsageKey = "Usage";
@@ -44,9 +59,9 @@ std::string ClaimGroup(const std::string& resource, const std::string& consumer)
 
 Resource ReadResource(const IniFile& settings, const std::string& name) {
   const std::string group = GroupOf(name);
-  Resource resource{name, settings.GetIntOrDefault(group, kCapacityKey, 0), {}};
+  Resource resource{name, Units(settings, group, kCapacityKey), {}};
   for (const std::string& consumer : Children(settings, group))
-    resource.usages[consumer] = settings.GetIntOrDefault(ClaimGroup(name, consumer), kUsageKey, 0);
+    resource.usages[consumer] = Units(settings, ClaimGroup(name, consumer), kUsageKey);
   return resource;
 }
 

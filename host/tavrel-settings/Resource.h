@@ -27,9 +27,12 @@ struct Resource {
 std::string ClaimGroup(const std::string& resource, const std::string& consumer);
 extern const char* const kUsageKey;
 
+/// The resource of that name; what is missing of it counts as 0.
+///
+/// Errors: a `BadSetting` for a capacity or a usage that is there and is not an integer.
 Resource ReadResource(const core::IniFile& settings, const std::string& name);
 
-/// All resources that have a group of their own, by name.
+/// All resources that have a group of their own, by name. Errors: as `ReadResource`.
 std::vector<Resource> ReadResources(const core::IniFile& settings);
 
 }  // namespace settings

@@ -40,18 +40,23 @@ ResourceReserver::ResourceReserver(TavrelSettingsClient* /*client*/, const std::
 ResourceReserver::~ResourceReserver() = default;
 
 int ResourceReserver::GetAvailableResources() const {
-  return Clamped(ReadResource(Store().Read(), m_resource).Free());
+  std::int64_t units = 0;
+  Store().Inspect(
+      [&](const IniFile& settings) { units = ReadResource(settings, m_resource).Free(); });
+  return Clamped(units);
 }
 
 bool ResourceReserver::TrySetUsage(int units) {
   if (units < 0) return false;
   bool isAccepted = false;
   Store().Edit([&](IniFile& settings) {
-    Resource resource = ReadResource(settings, m_resource);
-    resource.usages[m_consumer] = units;
-    isAccepted = resource.Free() >= 0;
-    if (isAccepted)
-      settings.SetValue(ClaimGroup(m_resource, m_consumer), kUsageKey, std::to_string(units));
+    const std::string group = ClaimGroup(m_resource, m_consumer);
+    const int present = std::max(0, settings.GetIntOrDefault(group, kUsageKey, 0));
+    IniFile claimed = settings;
+    claimed.SetValue(group, kUsageKey, std::to_string(units));
+    // Whoever gives units back needs no others to be free.
+    isAccepted = units <= present || ReadResource(claimed, m_resource).Free() >= 0;
+    if (isAccepted) settings = claimed;
   });
   return isAccepted;
 }

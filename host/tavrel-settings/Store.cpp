@@ -1,5 +1,6 @@
 #include "host/tavrel-settings/Store.h"
 
+#include <cstddef>
 #include <stdexcept>
 
 #include <glib.h>
@@ -7,6 +8,7 @@
 
 #include "files/AbandonedFiles.h"
 #include "files/Replacement.h"
+#include "host/tavrel-settings/BadSetting.h"
 #include "host/tavrel-settings/Comparison.h"
 #include "host/tavrel-settings/FileDescriptor.h"
 #include "host/tavrel-settings/GlibPtr.h"
@@ -36,6 +38,17 @@ void CheckHoldable(const IniFile& changes) {
   }
 }
 
+/// Has `work` done with what was read from `text`, and reports a bad setting with its line.
+template <typename Work>
+void Located(const std::string& text, const std::string& path, const Work& work) {
+  try {
+    work();
+  } catch (const BadSetting& bad) {
+    const std::ptrdiff_t line = StoreText(text).LineOf(bad.group, bad.key);
+    throw std::runtime_error(path + ":" + std::to_string(line) + ": " + bad.what());
+  }
+}
+
 }  // namespace
 
 Store::Store() : Store(NamedStore()) {}
@@ -54,6 +67,12 @@ std::string Store::CreatedDirectory() const {
 
 IniFile Store::Read() const { return ParsedStore(Text(), m_path); }
 
+void Store::Inspect(const std::function<void(const IniFile&)>& use) const {
+  const std::string text = Text();
+  const IniFile settings = ParsedStore(text, m_path);
+  Located(text, m_path, [&] { use(settings); });
+}
+
 void Store::Edit(const std::function<void(IniFile&)>& edit) const {
   Read();  // a malformed store is reported without others having to wait for that
   CreatedDirectory();
@@ -69,7 +88,7 @@ bool Store::TryEdit(const std::function<void(IniFile&)>& edit, const WriteLock& 
   const std::string text = Text();
   const IniFile before = ParsedStore(text, m_path);
   IniFile after = before;
-  edit(after);
+  Located(text, m_path, [&] { edit(after); });
   const IniFile changes = Changes(before.AllGroups(), after.AllGroups());
   if (IsEmpty(changes)) return true;
   CheckHoldable(changes);

@@ -39,11 +39,14 @@ class Store {
   /// All settings.
   core::IniFile Read() const;
 
+  /// Has `use` look at all settings. A `BadSetting` that it throws is reported as a malformed line.
+  void Inspect(const std::function<void(const core::IniFile&)>& use) const;
+
   /// Has `edit` change the settings, and writes what it changed; if that is nothing the file is not
   /// touched. No edit of another store falls between reading and writing. A file that an editor
   /// changes meanwhile is read again, and `edit` then called again, with what it holds now. If
-  /// `edit` throws, nothing is written. It must not edit the store again, which would wait for
-  /// itself.
+  /// `edit` throws, nothing is written; a `BadSetting` is reported as by `Inspect`. It must not
+  /// edit the store again, which would wait for itself.
   ///
   /// A group, key or value that would not come back from the file as it is, such as one with a line
   /// break, is refused with `std::invalid_argument` before anything is written.

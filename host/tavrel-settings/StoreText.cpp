@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <iterator>
 #include <sstream>
 
 namespace tavrel {
@@ -41,6 +42,11 @@ std::string StoreText::Text() const {
   std::string text;
   for (const Line& line : m_lines) text += line.text + "\n";
   return text;
+}
+
+std::ptrdiff_t StoreText::LineOf(const std::string& group, const std::string& key) const {
+  const auto sets = [&](const Line& line) { return line.group == group && line.key == key; };
+  return std::distance(std::find_if(m_lines.rbegin(), m_lines.rend(), sets), m_lines.rend());
 }
 
 StoreText::Line StoreText::Read(const std::string& text, const std::string& group) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ class StoreText {
   void Apply(const core::IniFile& changes);
 
   std::string Text() const;
+
+  /// Number of the line, from 1, that sets a key and counts: the last one.
+  std::ptrdiff_t LineOf(const std::string& group, const std::string& key) const;
 
  private:
   struct Line {

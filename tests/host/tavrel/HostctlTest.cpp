@@ -102,6 +102,14 @@ const Failure kFailures[] = {
     {"WithAKeyThatCannotBeHeld", {"set", "A", "x=y", "1"}, "", "the key \"x=y\""},
     {"ReadingAMalformedStore", {"get"}, "[A]\nabc\n", "store.ini:2: "},
     {"WatchingAMalformedStore", {"watch"}, "[A]\nabc\n", "store.ini:2: "},
+    {"ShowingACapacityThatIsNoInteger",
+     {"resources"},
+     "[Resources/GPU]\nCapacity=many\n",
+     "store.ini:2: the Capacity \"many\" is not an integer"},
+    {"ShowingAUsageThatIsOutOfRange",
+     {"resources"},
+     "[Resources/CPU]\nCapacity=8\n[Resources/CPU/Rec]\nUsage=9999999999\n",
+     "store.ini:4: the Usage \"9999999999\" is not an integer"},
     {"WritingAMalformedStore", {"unset", "A"}, "[A]\nabc\n", "store.ini:2: "},
 };
 

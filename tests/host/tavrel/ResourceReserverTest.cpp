@@ -43,7 +43,6 @@ const Row kRows[] = {
      1},
     {"LoweredCapacity", "[Resources/CPU]\nCapacity=2\n[Resources/CPU/A]\nUsage=3\n", -1},
     {"ConsumerWithoutUsage", "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A]\nOther=3\n", 8},
-    {"UsageThatIsNoNumber", "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A]\nUsage=all\n", 8},
     {"DeeperGroup", "[Resources/CPU]\nCapacity=8\n[Resources/CPU/A/B]\nUsage=3\n", 8},
     {"OtherResources",
      "[Resources/CPU]\nCapacity=8\n[Resources/CPU2/A]\nUsage=3\n[Resources/GPU/A]\nUsage=3\n", 8},
@@ -66,6 +65,49 @@ TEST_P(Availability, IsTheCapacityLessAllClaims) {
 
 INSTANTIATE_TEST_SUITE_P(Rows, Availability, testing::ValuesIn(kRows),
                          testing::PrintToStringParamName());
+
+const char* const kNotUnits[] = {"all", "", "8 units", "0x8", "2147483648", "-2147483649"};
+
+/// Whether asking for the free units is an error that names this line of the store.
+auto IsReportedInLine(const std::string& path, int line, const std::string& value) {
+  return ThrowsMessage<std::runtime_error>(
+      testing::StartsWith(path + ":" + std::to_string(line) + ": the " + value + " is not"));
+}
+
+int Available() { return ResourceReserver(nullptr, "CPU", "Analytics").GetAvailableResources(); }
+
+class AnAmountThatIsNoInteger : public tests::StoreTest,
+                                public testing::WithParamInterface<const char*> {};
+
+TEST_P(AnAmountThatIsNoInteger, IsReportedWithItsLineAsACapacity) {
+  Write(std::string("# Units.\n[Resources/CPU]\nCapacity=") + GetParam() + "\n");
+  EXPECT_THAT(&Available,
+              IsReportedInLine(Path(), 3, std::string("Capacity \"") + GetParam() + "\""));
+}
+
+TEST_P(AnAmountThatIsNoInteger, IsReportedWithItsLineAsAUsage) {
+  Write(std::string("[Resources/CPU]\nCapacity=8\n\n[Resources/CPU/A]\nUsage=") + GetParam());
+  EXPECT_THAT(&Available, IsReportedInLine(Path(), 5, std::string("Usage \"") + GetParam() + "\""));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AnAmountThatIsNoInteger, testing::ValuesIn(kNotUnits));
+
+TEST_F(AnAmountThatIsNoInteger, IsReportedWhereItStandsLast) {
+  Write(
+      "[Resources/CPU]\nCapacity=all\nCapacity=8\nCapacity=many\n[Resources/CPU/A]\nUsage=1\n"
+      "[Other]\nCapacity=9\n");
+  EXPECT_THAT(&Available, IsReportedInLine(Path(), 4, "Capacity \"many\""));
+}
+
+TEST_F(AnAmountThatIsNoInteger, DoesNotMatterWhereALaterOneIs) {
+  Write("[Resources/CPU]\nCapacity=all\nCapacity=8\n");
+  EXPECT_EQ(8, Available());
+}
+
+TEST_F(AnAmountThatIsNoInteger, DoesNotMatterInAnotherResource) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/GPU]\nCapacity=all\n");
+  EXPECT_EQ(8, Available());
+}
 
 class AClaim : public tests::StoreTest {
  protected:
@@ -117,6 +159,68 @@ TEST_F(AClaim, OfNothingGivesAllBack) {
   Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Analytics]\nUsage=5\n");
   EXPECT_TRUE(Claim(0));
   EXPECT_EQ("0", Usage());
+}
+
+struct ClaimRow {
+  const char* name;
+  const char* usage;  // the present claim; none if it is empty
+  int units;
+  bool isAccepted;
+};
+
+void PrintTo(const ClaimRow& row, std::ostream* out) { *out << row.name; }
+
+const ClaimRow kOvercommitted[] = {
+    {"GivingAllBackIsAccepted", "Usage=5", 0, true},
+    {"GivingOneBackIsAccepted", "Usage=5", 4, true},
+    {"ThePresentOneIsAccepted", "Usage=5", 5, true},
+    {"OneMoreIsRefused", "Usage=5", 6, false},
+    {"NothingIsAcceptedWithoutAPresentOne", "", 0, true},
+    {"OneIsRefusedWithoutAPresentOne", "", 1, false},
+    {"NothingIsAcceptedForANegativeOne", "Usage=-1", 0, true},
+    {"OneIsRefusedForANegativeOne", "Usage=-1", 1, false},
+    {"NothingIsAcceptedForOneThatIsNoInteger", "Usage=all", 0, true},
+    {"OneIsRefusedForOneThatIsNoInteger", "Usage=all", 1, false},
+};
+
+class AClaimWhereOthersHoldMoreThanThereIs : public AClaim,
+                                             public testing::WithParamInterface<ClaimRow> {};
+
+TEST_P(AClaimWhereOthersHoldMoreThanThereIs, FollowsTheTable) {
+  Write(std::string("[Resources/CPU]\nCapacity=2\n[Resources/CPU/Other]\nUsage=3\n") +
+        "[Resources/CPU/Analytics]\n" + GetParam().usage + "\n");
+  const std::string before = Text();
+  EXPECT_EQ(GetParam().isAccepted, Claim(GetParam().units));
+  if (GetParam().isAccepted)
+    EXPECT_EQ(std::to_string(GetParam().units), Usage());
+  else
+    EXPECT_EQ(before, Text());
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AClaimWhereOthersHoldMoreThanThereIs,
+                         testing::ValuesIn(kOvercommitted), testing::PrintToStringParamName());
+
+TEST_F(AClaim, ReplacesOneOfItsOwnThatIsNoInteger) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Analytics]\nUsage=all\n");
+  EXPECT_TRUE(Claim(8));
+  EXPECT_EQ("8", Usage());
+}
+
+TEST_F(AClaim, IsReportedWhereThatOfAnotherIsNoInteger) {
+  Write("[Resources/CPU]\nCapacity=8\n[Resources/CPU/Other]\nUsage=all\n");
+  EXPECT_THAT([] { Claim(1); }, IsReportedInLine(Path(), 4, "Usage \"all\""));
+  EXPECT_EQ("none", Usage());
+}
+
+TEST_F(AClaim, IsReportedWhereTheCapacityIsNoInteger) {
+  Write("[Resources/CPU]\nCapacity=all\n");
+  EXPECT_THAT([] { Claim(1); }, IsReportedInLine(Path(), 2, "Capacity \"all\""));
+}
+
+TEST_F(AClaim, IsGivenBackThoughThatOfAnotherIsNoInteger) {
+  Write("[Resources/CPU]\n[Resources/CPU/Analytics]\nUsage=5\n[Resources/CPU/Other]\nUsage=all\n");
+  EXPECT_TRUE(Claim(3));
+  EXPECT_EQ("3", Usage());
 }
 
 TEST_F(AClaim, OfANegativeNumberIsRefused) {

@@ -12,7 +12,8 @@ class TavrelSettingsClient;
 /// In the store a resource is a group "Resources/NAME" with the key "Capacity", and each consumer's
 /// claim a group "Resources/NAME/CONSUMER" with the key "Usage"; what is missing counts as 0.
 ///
-/// Errors: as `TavrelSettingsClient`, and likewise for a store that cannot be written.
+/// Errors: as `TavrelSettingsClient`, and likewise for a store that cannot be written. A number of
+/// units that is there and is not an integer of the range of `int` counts as a malformed line.
 ///
 /// Threads: any; claims of all threads and processes are made one after the other.
 class ResourceReserver {
@@ -29,9 +30,12 @@ class ResourceReserver {
 
   /// Sets the consumer's claim.
   ///
-  /// @param units  the new claim as a whole, not an increment
-  /// @return false, with nothing changed, for a negative number and for a claim that would exceed
-  ///         the capacity together with those of the other consumers
+  /// What the store holds as the present claim may be of any kind: it is replaced.
+  ///
+  /// @param units  the new claim as a whole, not an increment; 0 gives all back
+  /// @return false, with nothing changed, for a negative number, and for a claim that is larger
+  /// than
+  ///         the present one and would exceed the capacity together with those of the others
   bool TrySetUsage(int units);
 
  private:
