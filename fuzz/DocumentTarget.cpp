@@ -11,6 +11,7 @@
 #include <analytics/DocumentNode.h>
 #include <analytics/types/Point.h>
 
+#include "fuzz/Call.h"
 #include "fuzz/Check.h"
 #include "fuzz/MadeXml.h"
 #include "fuzz/MemoryFile.h"
@@ -100,7 +101,8 @@ class Comparison {
     auto* const node = static_cast<xmlNode*>(m_start->Handle());
     const Selected x(m_searchContext.get(), node, "./x");
     const int expected = IntOf(x.FirstText(), point.x);
-    Require(m_document.PointFromNode(m_start.get(), point), "a point of a node");
+    Require(Call([&] { return m_document.PointFromNode(m_start.get(), point); }),
+            "a point of a node");
     RequireSame(point.x, expected, "x of a point");
     RequireSame(point.y, y, "y of a point");
   }
@@ -109,8 +111,9 @@ class Comparison {
     const std::string prefix = m_input.Of(kPrefixes);
     auto* const node = static_cast<xmlNode*>(m_start ? m_start->Handle() : m_rootNode);
     const xmlNs* const expected = xmlSearchNs(m_rootNode->doc, node, XmlOf(prefix));
-    const void* const found =
-        m_start ? m_document.GetNs(prefix, m_start.get()) : m_document.GetNs(prefix);
+    const void* const found = Call([&] {
+      return m_start ? m_document.GetNs(prefix, m_start.get()) : m_document.GetNs(prefix);
+    });
     Require(found == expected, "a namespace");
   }
 
@@ -118,7 +121,7 @@ class Comparison {
     xmlChar* text = nullptr;
     int size = 0;
     xmlDocDumpFormatMemory(m_rootNode->doc, &text, &size, 1);
-    const std::string dump = m_document.DumpToString();
+    const std::string dump = Call([&] { return m_document.DumpToString(); });
     RequireSame(dump, StringOf(XmlPtr<xmlChar>(text).get()), "a dump");
     if (m_rootNode->doc->encoding || m_rootNode->doc->intSubset) return;
     Document again;
@@ -132,12 +135,13 @@ class Comparison {
 
  private:
   void CompareNodes(const std::string& path, DocumentNode* context, const Selected& expected) {
-    const std::vector<NodePtr> nodes = tests::All(m_document, path, context);
+    const std::vector<NodePtr> nodes =
+        tests::Owned(Call([&] { return m_document.SelectNodes(path, context); }));
     RequireSame(static_cast<int>(nodes.size()), expected.Count(), "how many nodes are selected");
     for (std::size_t index = 0; index < nodes.size(); ++index)
       Require(nodes[index]->Handle() == expected.Node(static_cast<int>(index)), "a selected node");
     if (m_input.Flag()) return;
-    const NodePtr first = tests::First(m_document, path, context);
+    const NodePtr first(Call([&] { return m_document.SelectNode(path, context); }));
     Require((first != nullptr) == (expected.Count() > 0), "whether a node is selected");
     if (first) Require(first->Handle() == expected.Node(0), "the first selected node");
   }
@@ -148,14 +152,17 @@ class Comparison {
     const auto rounded = static_cast<float>(m_input.Of(kDefaults));
     switch (m_input.Below(4)) {
       case 0:
-        return RequireSame(m_document.GetSingleValue(path, context), text, "a text");
+        return RequireSame(Call([&] { return m_document.GetSingleValue(path, context); }), text,
+                           "a text");
       case 1:
-        return RequireSame(m_document.GetSingleValue(path, fallback, context),
+        return RequireSame(Call([&] { return m_document.GetSingleValue(path, fallback, context); }),
                            IntOf(text, fallback), "an integer");
       case 2:
-        return Require(m_document.GetMultipleValues(path, context) == expected.Texts(), "texts");
+        return Require(
+            Call([&] { return m_document.GetMultipleValues(path, context); }) == expected.Texts(),
+            "texts");
       default:
-        return Require(m_document.GetNumericValue(path, rounded, context) ==
+        return Require(Call([&] { return m_document.GetNumericValue(path, rounded, context); }) ==
                            static_cast<double>(FloatOf(text, rounded)),
                        "a floating number");
     }
@@ -191,7 +198,8 @@ void CompareDeletion(Document& document, const std::string& text, const std::str
   const XmlPtr<xmlDoc> tree(xmlParseMemory(text.data(), static_cast<int>(text.size())));
   const Deletion deletion = DeletionOf(tree.get(), path);
   FreeAll(deletion.nodes);
-  RequireSame(document.DeleteNodes(path), deletion.count, "how many nodes are deleted");
+  RequireSame(Call([&] { return document.DeleteNodes(path); }), deletion.count,
+              "how many nodes are deleted");
   xmlChar* left = nullptr;
   int size = 0;
   xmlDocDumpFormatMemory(tree.get(), &left, &size, 1);
@@ -242,7 +250,7 @@ void RunOne(Input& input) {
   const std::string text = input.Flag() ? MadeXml(input, 24) : input.Rest();
   if (TakesTooLong(text)) return;
   Document document;
-  const bool isParsed = document.ParseString(text);
+  const bool isParsed = Call([&] { return document.ParseString(text); });
   if (isParsed) return CompareAll(document, text, choices);
   CompareClosed(document, kPaths[0]);
 }

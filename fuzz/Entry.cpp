@@ -6,6 +6,7 @@
 #include <libxml/parser.h>
 #include <libxml/xmlerror.h>
 
+#include "fuzz/Call.h"
 #include "fuzz/Target.h"
 
 namespace {
@@ -21,6 +22,7 @@ void SilenceMessages() {
 }  // namespace
 
 int LLVMFuzzerInitialize(int* /*argumentCount*/, char*** /*arguments*/) {
+  fuzz::SetUpMemory();
   xmlInitParser();
   SilenceMessages();
   fuzz::SetUp();
@@ -28,8 +30,7 @@ int LLVMFuzzerInitialize(int* /*argumentCount*/, char*** /*arguments*/) {
 }
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  fuzz::Input input(data, size);
-  fuzz::RunOne(input);
+  fuzz::RunInput(data, size);
   xmlResetLastError();  // else its texts look like a leak of this input
   return 0;
 }

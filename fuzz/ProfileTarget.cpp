@@ -8,6 +8,7 @@
 #include <analytics/ProfileDoc.h>
 #include <analytics/Settings.h>
 
+#include "fuzz/Call.h"
 #include "fuzz/Check.h"
 #include "fuzz/MadeProfile.h"
 #include "fuzz/MemoryFile.h"
@@ -60,11 +61,16 @@ class Comparison {
  private:
   void CompareSelections() {
     const std::string type = m_input.Of(kTypes);
-    CompareSelection(m_profile.SelectRules(type), m_reading.Rules(type), "rules");
-    CompareSelection(m_profile.SelectEngines(type), m_reading.Engines(type), "engines");
-    CompareSelection(m_profile.SelectEventSinks(type), m_reading.EventSinks(type), "sinks");
-    CompareFirst(NodePtr(m_profile.SelectRule(type)), m_reading.Rules(type), "a rule");
-    CompareFirst(NodePtr(m_profile.SelectEngine(type)), m_reading.Engines(type), "an engine");
+    CompareSelection(Call([&] { return m_profile.SelectRules(type); }), m_reading.Rules(type),
+                     "rules");
+    CompareSelection(Call([&] { return m_profile.SelectEngines(type); }), m_reading.Engines(type),
+                     "engines");
+    CompareSelection(Call([&] { return m_profile.SelectEventSinks(type); }),
+                     m_reading.EventSinks(type), "sinks");
+    CompareFirst(NodePtr(Call([&] { return m_profile.SelectRule(type); })), m_reading.Rules(type),
+                 "a rule");
+    CompareFirst(NodePtr(Call([&] { return m_profile.SelectEngine(type); })),
+                 m_reading.Engines(type), "an engine");
   }
 
   static void CompareSelection(const std::vector<DocumentNode*>& selected,
@@ -83,8 +89,10 @@ class Comparison {
 
   void CompareActivity() {
     const std::string type = m_input.Of(kTypes);
-    Require(m_profile.RuleIsActive(type) == m_reading.IsActive(type), "whether a rule is active");
-    Require(m_profile.ActiveRules() == m_reading.ActiveTypes(), "the active rules");
+    Require(Call([&] { return m_profile.RuleIsActive(type); }) == m_reading.IsActive(type),
+            "whether a rule is active");
+    Require(Call([&] { return m_profile.ActiveRules(); }) == m_reading.ActiveTypes(),
+            "the active rules");
   }
 
   /// Some element of the profile, preferably a rule; null for the root.
@@ -110,9 +118,13 @@ class Comparison {
     const int fallback = m_input.Byte();
     const NodePtr context = NodeOf(node);
     const std::string expected = m_reading.ItemText(node, name, throughParameters);
-    RequireSame(m_profile.GetSimpleItemValue(name, context.get(), throughParameters), expected,
-                "an item's text");
-    RequireSame(m_profile.GetSimpleItemValue(name, fallback, context.get(), throughParameters),
+    RequireSame(
+        Call([&] { return m_profile.GetSimpleItemValue(name, context.get(), throughParameters); }),
+        expected, "an item's text");
+    RequireSame(Call([&] {
+                  return m_profile.GetSimpleItemValue(name, fallback, context.get(),
+                                                      throughParameters);
+                }),
                 m_reading.ItemNumber(node, name, throughParameters, fallback), "an item's number");
   }
 
@@ -126,9 +138,9 @@ class Comparison {
     if (m_input.Flag()) {
       const int number = m_input.Byte() - 128;
       value = std::to_string(number);
-      isWritten = m_profile.SetSimpleItemValue(name, number, context.get());
+      isWritten = Call([&] { return m_profile.SetSimpleItemValue(name, number, context.get()); });
     } else {
-      isWritten = m_profile.SetSimpleItemValue(name, value, context.get());
+      isWritten = Call([&] { return m_profile.SetSimpleItemValue(name, value, context.get()); });
     }
     Require(isWritten == (item != nullptr), "whether an item is written");
     if (item) RequireSame(PlainText(item, "Value"), value, "a written item");
@@ -141,7 +153,8 @@ class Comparison {
     const NodePtr context = NodeOf(parameters);
     const xmlNode* const before = m_reading.Item(parameters, name, false);
     const xmlNode* const last = parameters ? parameters->last : nullptr;
-    Require(m_profile.SetOrAddSimpleItemValue(name, value, context.get()), "an added item");
+    Require(Call([&] { return m_profile.SetOrAddSimpleItemValue(name, value, context.get()); }),
+            "an added item");
     if (before) return RequireSame(PlainText(before, "Value"), value, "a replaced item");
     if (!parameters) return;
     const xmlNode* const added = parameters->last;
@@ -154,7 +167,8 @@ class Comparison {
   void Delete() {
     const std::string type = m_input.Of(kTypes);
     const std::size_t expected = type.empty() ? 0 : m_reading.Rules(type).size();
-    RequireSame(m_profile.DeleteRules(type), static_cast<int>(expected), "how many are deleted");
+    RequireSame(Call([&] { return m_profile.DeleteRules(type); }), static_cast<int>(expected),
+                "how many are deleted");
     if (!type.empty()) Require(m_reading.Rules(type).empty(), "what a deletion leaves");
   }
 
@@ -173,7 +187,7 @@ void Use(const Vocabulary& names) {
   static const Vocabulary* used = &kVocabularies[0];  // the built-in one
   if (used == &names) return;
   File().Write(SettingsOf(names));
-  Require(Settings::LoadSettings(File().Path()), "the settings are loaded");
+  Require(Call([] { return Settings::LoadSettings(File().Path()); }), "the settings are loaded");
   used = &names;
 }
 
@@ -187,7 +201,8 @@ void RunOne(Input& input) {
   const Vocabulary& names = kVocabularies[choices.Seldom(16) ? 1 : 0];
   Use(names);
   ProfileDoc profile;
-  Require(profile.ParseString(MadeProfile(input, names)), "a made profile is well-formed");
+  const std::string text = MadeProfile(input, names);
+  Require(Call([&] { return profile.ParseString(text); }), "a made profile is well-formed");
   Comparison comparison(profile, choices, names);
   for (int step = 0; step < 4 && !choices.IsUsedUp(); ++step) comparison.Step();
 }

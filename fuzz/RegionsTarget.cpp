@@ -11,7 +11,9 @@
 #include <analytics/ResourceUsageServer.h>
 #include <analytics/WindowBlankingChanges.h>
 
+#include "fuzz/Call.h"
 #include "fuzz/Check.h"
+#include "fuzz/RegionsEdits.h"
 #include "fuzz/RegionsModel.h"
 #include "fuzz/Target.h"
 #include "tests/support/fakes/CallLog.h"
@@ -41,8 +43,10 @@ std::vector<Delivery> s_deliveries;  // what the library told its subscribers
 int Hear(void* context, int kind, void* data, int size) {
   Require(kind == kKind && size == kSize, "the arguments of a subscriber");
   const int subscriber = *static_cast<int*>(context);
+  Require(s_deliveries.size() < s_deliveries.capacity(), "a subscriber needs no memory");
   s_deliveries.push_back({subscriber, *static_cast<tagWindowBlankingRegions*>(data)});
-  if (subscriber >= RegionsModel::kThrows) throw std::runtime_error("a subscriber's failure");
+  static const std::runtime_error failure("a subscriber's failure");
+  if (subscriber >= RegionsModel::kThrows) throw std::runtime_error(failure);
   return subscriber;
 }
 
@@ -64,80 +68,10 @@ Subscriber SubscriberOf(int number) {
   return {isSecond ? &HearToo : &Hear, &contexts[isSecond ? number - 1 : number]};
 }
 
+constexpr int kMostSteps = 24;
+constexpr std::size_t kMostDeliveries = kMostSteps * (kMostSteps + 1);  // one more with each step
 constexpr std::size_t kSubscribers = 7;
-constexpr std::size_t kMostNumbers = 34;  // beyond the last that counts
-
-const unsigned kCounts[] = {1, 2, 3, 9, 30, 31, 32, 33};
-
-const char* const kKeys[] = {"Name", "ColorR", "ColorG", "ColorB", "ColorA", "Other"};
-const char* const kValues[] = {"Door", "Empty", "empty", "",    "0",  "255",         "300",
-                               "-1",   "128",   "12abc", "abc", "77", "99999999999", "-257"};
-
-/// Settings that change, as the platform stores them, as a change reports them and as a plain map.
-struct Edits {
-  IniFile& stored;
-  Groups& groups;
-  IniFile changes;
-  Groups& known;  // what the library knows, with the changes in it
-
-  void Add(const std::string& group) {
-    stored.AddGroup(group);
-    groups[group];
-    changes.AddGroup(group);
-    known[group];
-  }
-  void Set(const std::string& group, const std::string& key, const std::string& value) {
-    stored.SetValue(group, key, value);
-    groups[group][key] = value;
-    changes.SetValue(group, key, value);
-    known[group][key] = value;
-  }
-  void Remove(const std::string& group) {
-    stored.RemoveGroup(group);
-    groups.erase(group);
-    changes.RemoveGroup(group);
-    known.erase(group);
-  }
-  void Remove(const std::string& group, const std::string& key) {
-    stored.RemoveKey(group, key);
-    if (groups.count(group) != 0) groups[group].erase(key);
-    changes.RemoveKey(group, key);
-    if (known.count(group) != 0) known[group].erase(key);
-  }
-};
-
-void AddRegions(Edits& edits, Input& input) {
-  const unsigned count = input.Of(kCounts);
-  if (input.Flag()) edits.Set(kMainGroup, "Enabled", "true");
-  const std::string name = input.Of(kValues);
-  const std::string part = std::to_string(input.Byte());
-  for (unsigned number = 1; number <= count; ++number) {
-    edits.Set(RegionGroup(number), "Name", name);
-    edits.Set(RegionGroup(number), "ColorG", part);
-  }
-}
-
-void Edit(Edits& edits, Input& input) {
-  const std::string group = RegionGroup(static_cast<unsigned>(input.Below(kMostNumbers)));
-  switch (input.Below(8)) {
-    case 0:
-      return edits.Add(group);
-    case 1:
-      return edits.Remove(group);
-    case 2:
-      return edits.Remove(group, input.Of(kKeys));
-    case 3:
-      return edits.Set(kMainGroup, "Enabled", input.Seldom(4) ? "false" : "true");
-    case 4:
-      return input.Flag() ? edits.Remove(kMainGroup) : edits.Remove(kMainGroup, "Enabled");
-    case 5:
-      return AddRegions(edits, input);
-    default: {
-      const char* const key = input.Of(kKeys);
-      return edits.Set(group, key, input.Of(kValues));
-    }
-  }
-}
+constexpr unsigned kMostReported = 31;
 
 struct FailingCall {
   Failure failure;
@@ -152,10 +86,11 @@ const FailingCall kFailingCalls[] = {
     {Failure::kLookingForGroup, "IniFile::HasGroup"},
 };
 
+/// Whether the library lets out what the platform or a subscriber throws.
 template <typename Operation>
 bool Throws(const Operation& operation) {
   try {
-    operation();
+    Call(operation);
     return false;
   } catch (const std::runtime_error&) {
     return true;
@@ -165,7 +100,9 @@ bool Throws(const Operation& operation) {
 /// The library and the model, driven side by side.
 class Comparison {
  public:
-  explicit Comparison(Input& input) : m_input(input) { WindowBlankingChanges::Instance(); }
+  explicit Comparison(Input& input) : m_input(input) {
+    Call([] { return WindowBlankingChanges::Instance(); });
+  }
 
   void Step() {
     const Failure failure = PlatformFailure();
@@ -179,7 +116,7 @@ class Comparison {
  private:
   /// Has the platform fail at most once in the next operation.
   Failure PlatformFailure() {
-    if (!m_input.Seldom(8)) return Failure::kNone;
+    if (!m_input.Seldom(8) || LibraryMemory::RunsOut()) return Failure::kNone;
     const FailingCall& failing = m_input.Of(kFailingCalls);
     const bool isLooking = failing.failure == Failure::kLookingForGroup;
     const unsigned number = isLooking ? 1 + static_cast<unsigned>(m_input.Below(33)) : 1;
@@ -194,14 +131,14 @@ class Comparison {
     const Subscriber given = SubscriberOf(subscriber);
     switch (m_input.Below(9)) {
       case 0:
-        return Same(Throws([&] { changes.Start(); }), m_model.Start(m_stored, failure));
+        return Start(failure);
       case 1:
         return Same(Throws([&] { changes.Stop(); }), m_model.Stop(failure));
       case 2:
         return Same(Throws([&] { changes.Subscribe(given.callback, given.context); }),
                     m_model.Subscribe(subscriber));
       case 3:
-        changes.Unsubscribe(given.callback, given.context);
+        Call([&] { changes.Unsubscribe(given.callback, given.context); });
         return m_model.Unsubscribe(subscriber);
       case 4:
         return SetConfiguration();
@@ -226,9 +163,10 @@ class Comparison {
     m_platform.usageAccepted = m_input.Flag();
     fakes::CallLog::Instance().Clear();
     analytics::ResourceUsageServer server;
-    RequireSame(server.AvailableResources(), m_platform.availableResources, "free resources");
+    RequireSame(Call([&] { return server.AvailableResources(); }), m_platform.availableResources,
+                "free resources");
     const int units = m_input.Byte() - 128;
-    RequireSame(server.ReserveResources(units), 1, "a reservation");
+    RequireSame(Call([&] { return server.ReserveResources(units); }), 1, "a reservation");
     const std::string claim = "ResourceReserver::TrySetUsage(" + std::to_string(units) + ")";
     RequireSame(static_cast<int>(fakes::CallLog::Instance().CallsOf(claim).size()), 1, "a claim");
   }
@@ -238,8 +176,55 @@ class Comparison {
     Edits edits{m_platform.stored, m_stored, IniFile(), known};
     for (std::size_t count = 1 + m_input.Below(4); count > 0; --count) Edit(edits, m_input);
     if (!m_model.IsStarted()) return;
-    m_platform.subscriptions.front().first->OnSettingsChanged(nullptr, edits.changes);
     m_model.Change(known, failure);
+    auto* const callback = m_platform.subscriptions.front().first;
+    OrBeginAnew(known, [&] { Call([&] { callback->OnSettingsChanged(nullptr, edits.changes); }); });
+  }
+
+  void Start(Failure failure) {
+    const bool throws = m_model.Start(m_stored, failure);
+    OrBeginAnew(m_stored, [&] { Same(Throws([] { WindowBlankingChanges().Start(); }), throws); });
+  }
+
+  /// Has the library read settings. Where it runs out of memory then, nobody is told, and it goes
+  /// on with what it has; the model does not know what that is.
+  template <typename Operation>
+  void OrBeginAnew(const Groups& settings, const Operation& operation) {
+    while (m_entries < kMostReported && settings.count(RegionGroup(m_entries + 1)) != 0)
+      ++m_entries;
+    const int failures = LibraryMemory::Failures();
+    operation();
+    if (LibraryMemory::Failures() != failures) BeginAnew();
+  }
+
+  /// Has the library begin with as many regions as it may have reported: that replaces all it has,
+  /// and is then what it would be had memory never run out.
+  void BeginAnew() {
+    Groups known;
+    Edits edits{m_platform.stored, m_stored, IniFile(), known};
+    edits.Set(kMainGroup, "Enabled", "true");
+    for (unsigned number = 1; number <= m_entries; ++number) {
+      edits.Remove(RegionGroup(number));
+      edits.Set(RegionGroup(number), "Name", "Door");
+    }
+    edits.Remove(RegionGroup(m_entries + 1));
+    const WindowBlankingChanges changes;
+    changes.Stop();
+    changes.Start();
+    m_model.Stop(Failure::kNone);
+    m_model.Start(m_stored, Failure::kNone);
+    s_deliveries.assign(m_model.Deliveries().begin(), m_model.Deliveries().end());
+    CompareRecord();
+  }
+
+  /// Has the library tell its record to a subscriber that comes and goes.
+  void CompareRecord() {
+    const Subscriber subscriber = SubscriberOf(0);
+    const WindowBlankingChanges changes;
+    changes.Subscribe(subscriber.callback, subscriber.context);
+    m_model.Subscribe(0);
+    changes.Unsubscribe(subscriber.callback, subscriber.context);
+    m_model.Unsubscribe(0);
   }
 
   static void Same(bool throws, bool expected) { RequireSame(throws, expected, "a failure"); }
@@ -248,18 +233,19 @@ class Comparison {
   fakes::Platform& m_platform = fakes::Platform::Instance();
   RegionsModel m_model;
   Groups m_stored;
+  unsigned m_entries = 1;  // of the record that may have been set
 };
 
 }  // namespace
 
-void SetUp() {}
+void SetUp() { s_deliveries.reserve(kMostDeliveries); }
 
 void RunOne(Input& input) {
   ForgetInstance();
   fakes::Platform::Instance().Reset();
   s_deliveries.clear();
   Comparison comparison(input);
-  for (int step = 0; step < 24 && !input.IsUsedUp(); ++step) comparison.Step();
+  for (int step = 0; step < kMostSteps && !input.IsUsedUp(); ++step) comparison.Step();
   fakes::Platform::Instance().Reset();
 }
 

@@ -8,6 +8,7 @@
 
 #include <analytics/Settings.h>
 
+#include "fuzz/Call.h"
 #include "fuzz/Check.h"
 #include "fuzz/MadeXml.h"
 #include "fuzz/MemoryFile.h"
@@ -163,9 +164,9 @@ void ExpectFile(xmlDoc* file) {
 
 void CompareSettings() {
   for (const TextSetting& text : Now().texts)
-    RequireSame(text.accessor(), text.value, text.elements[0]);
-  RequireSame(Settings::MaxResource(), Now().maxResource, "maxResource");
-  Require(Settings::UserDataPipes() == Now().userDataPipes, "userdataPipe");
+    RequireSame(Call(text.accessor), text.value, text.elements[0]);
+  RequireSame(Call(&Settings::MaxResource), Now().maxResource, "maxResource");
+  Require(Call(&Settings::UserDataPipes) == Now().userDataPipes, "userdataPipe");
 }
 
 void CompareQuery(xmlDoc* file, Input& input) {
@@ -174,9 +175,10 @@ void CompareQuery(xmlDoc* file, Input& input) {
   const XmlPtr<xmlXPathContext> searchContext(file ? xmlXPathNewContext(file) : nullptr);
   const Selected expected(searchContext.get(), file ? xmlDocGetRootElement(file) : nullptr, path);
   const std::string text = expected.FirstText();
-  RequireSame(Settings::GetValue(path), text, "a text");
-  RequireSame(Settings::GetValue(path, fallback), IntOf(text, fallback), "an integer");
-  Require(Settings::GetValues(path) == expected.Texts(), "texts");
+  RequireSame(Call([&] { return Settings::GetValue(path); }), text, "a text");
+  RequireSame(Call([&] { return Settings::GetValue(path, fallback); }), IntOf(text, fallback),
+              "an integer");
+  Require(Call([&] { return Settings::GetValues(path); }) == expected.Texts(), "texts");
 }
 
 const MemoryFile& File() {
@@ -215,15 +217,16 @@ bool LoadByEnvironment(Input& choices, bool& namesFile) {
     unsetenv("ANALYTICS_INI");
   }
   namesFile = isSet && chosen.namesFile;
-  return Settings::LoadSettings("");
+  return Call([] { return Settings::LoadSettings(""); });
 }
 
 void CompareLoad(const std::string& text, Input& choices) {
   File().Write(text);
   XmlPtr<xmlDoc> file(xmlParseMemory(text.data(), static_cast<int>(text.size())));
   bool namesFile = true;
-  const bool isLoaded = choices.Seldom(8) ? LoadByEnvironment(choices, namesFile)
-                                          : Settings::LoadSettings(File().Path());
+  const bool isLoaded = choices.Seldom(8)
+                            ? LoadByEnvironment(choices, namesFile)
+                            : Call([] { return Settings::LoadSettings(File().Path()); });
   if (!namesFile) file.reset();
   RequireSame(isLoaded, file != nullptr, "whether the settings are loaded");
   if (file) ExpectFile(file.get());

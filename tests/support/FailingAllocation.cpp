@@ -5,11 +5,6 @@
 #include <cstdlib>
 #include <new>
 
-#include <gtest/gtest.h>
-
-#include "tests/support/Figures.h"
-#include "tests/support/Survival.h"
-
 namespace {
 
 thread_local tests::FailureCount s_count;
@@ -31,38 +26,6 @@ void* AllocateOrThrow(std::size_t size) {
 void Release(void* memory) noexcept {
   if (memory) --s_live;
   std::free(memory);
-}
-
-bool LetsBadAllocOut(const std::function<void()>& operation) {
-  try {
-    operation();
-  } catch (const std::bad_alloc&) {
-    return true;
-  }
-  return false;
-}
-
-/// Runs `operation` with allocations failing and gives whether it came to the first of them.
-bool ComesToFailure(const std::function<void()>& operation, int number, tests::Shortage shortage) {
-  const tests::FailingAllocation failing(number, shortage);
-  const bool letOut = LetsBadAllocOut(operation);
-  if (failing.Failures() == 0) return false;
-  EXPECT_TRUE(letOut) << "std::bad_alloc from allocation " << number << " was lost";
-  tests::Count("allocations_failed", failing.Failures());
-  return true;
-}
-
-/// How many blocks are kept by a run in which nothing fails: one in a child process, so that this
-/// one stays as it is.
-long KeptUndisturbed(const std::function<void()>& operation) {
-  tests::SharedNumber kept(0);
-  const bool isComplete = tests::SurvivesInAChild([&] {
-    const long before = s_live;
-    operation();
-    kept.Set(static_cast<int>(s_live - before));
-  });
-  EXPECT_TRUE(isComplete) << "the operation ends the process where nothing fails";
-  return kept.Get();
 }
 
 }  // namespace
@@ -95,21 +58,16 @@ bool FailingAllocation::IsPossible() { return true; }
 
 bool FailingAllocation::IsInPlace() {
   const FailingAllocation failing(1, Shortage::kOnce);
-  return LetsBadAllocOut([] { ::operator delete(::operator new(1)); });
+  try {
+    ::operator delete(::operator new(1));
+  } catch (const std::bad_alloc&) {
+    return true;
+  }
+  return false;
 }
 
 long FailingAllocation::Live() { return s_live; }
 
 int FailingAllocation::Failures() const { return s_count.Failures(); }
-
-void WithEachAllocationFailing(Shortage shortage, const std::function<void()>& operation) {
-  const long kept = KeptUndisturbed(operation);
-  const long before = FailingAllocation::Live();
-  int failures = 0;
-  while (ComesToFailure(operation, failures + 1, shortage)) ++failures;
-  EXPECT_GT(failures, 0) << "the operation allocates nothing";
-  EXPECT_LE(FailingAllocation::Live() - before, kept) << "failed runs have lost blocks";
-  Count("operations");
-}
 
 }  // namespace tests

@@ -3,8 +3,6 @@
 #include <ostream>
 #include <string>
 
-#include <gtest/gtest.h>
-
 namespace tests {
 
 /// How long memory stays short once an allocation has failed.
@@ -22,9 +20,9 @@ inline std::string NameOf(Shortage shortage) {
 
 inline void PrintTo(Shortage shortage, std::ostream* out) { *out << NameOf(shortage); }
 
-inline std::string ShortageName(const testing::TestParamInfo<Shortage>& info) {
-  return NameOf(info.param);
-}
+/// Names a test by its shortage; as fuzzing targets use this header too, without googletest's
+/// types.
+inline constexpr auto ShortageName = [](const auto& info) { return NameOf(info.param); };
 
 /// Counts the allocations of one thread and tells which of them fail.
 class FailureCount {
