@@ -1,22 +1,19 @@
 // The programs in which `operator new` fails within the library, and which count what is lost.
 
-#include <cstdlib>
-#include <cstring>
 #include <optional>
-
-#include <libxml/xmlerror.h>
-#include <libxml/xmlmemory.h>
 
 #include "fuzz/Call.h"
 #include "fuzz/Check.h"
 #include "fuzz/Target.h"
 #include "tests/support/FailingAllocation.h"
+#include "tests/support/XmlAllocations.h"
 
 namespace fuzz {
 namespace {
 
 using tests::FailingAllocation;
 using tests::Shortage;
+using tests::XmlAllocations;
 
 constexpr std::size_t kOwnBytes = 2;  // at the end of an input
 
@@ -24,30 +21,11 @@ int s_failing = 1;                              // which allocation of each call
 Shortage s_shortage = Shortage::kOnce;          // and whether those after it do
 std::optional<FailingAllocation> s_allocation;  // of the call that is being made
 int s_failures = 0;                             // of all calls that were made
-long s_xmlBlocks = 0;                           // that libxml2 holds
-
-void* Counted(void* block) {
-  if (block) ++s_xmlBlocks;
-  return block;
-}
-
-void Free(void* block) {
-  if (block) --s_xmlBlocks;
-  std::free(block);
-}
-
-void* Allocate(std::size_t size) { return Counted(std::malloc(size)); }
-
-void* Resize(void* block, std::size_t size) {
-  return block ? std::realloc(block, size) : Allocate(size);
-}
-
-char* Copy(const char* text) { return static_cast<char*>(Counted(strdup(text))); }
 
 /// How many blocks there are.
 struct Blocks {
   long objects = FailingAllocation::Live();
-  long xml = s_xmlBlocks;
+  long xml = XmlAllocations::Alive();
 
   bool HasNoMoreThan(const Blocks& other) const {
     return objects <= other.objects && xml <= other.xml;
@@ -63,7 +41,6 @@ void ChooseShortage(std::uint8_t place, std::uint8_t kind) {
 Blocks BlocksAfter(const std::uint8_t* data, std::size_t size) {
   Input input(data, size);
   RunOne(input);
-  xmlResetLastError();
   return Blocks();
 }
 
@@ -103,7 +80,7 @@ void RunInput(const std::uint8_t* data, std::size_t size) {
 
 void SetUpMemory() {
   Require(FailingAllocation::IsInPlace(), "operator new can be made to fail");
-  Require(xmlMemSetup(&Free, &Allocate, &Resize, &Copy) == 0, "libxml2's blocks are counted");
+  static const XmlAllocations counted;
 }
 
 }  // namespace fuzz
