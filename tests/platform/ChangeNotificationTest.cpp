@@ -14,7 +14,6 @@ namespace analytics {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using tests::Calls;
 using tests::CallsDuring;
 using tests::Change;
@@ -134,7 +133,7 @@ TEST(AChange, ThatCannotBeMergedLeavesTheNextOneAsItIs) {
     StartedWithSubscribers();
     fakes::CallLog::Instance().FailAt("IniFile::MergeSettings", 1);
     Change(IniFile());
-    EXPECT_THAT(tests::CalledSubscribers(), IsEmpty());
+    EXPECT_THAT(tests::CalledSubscribers(), testing::IsEmpty());
     Change(IniFile());
     EXPECT_THAT(tests::CalledSubscribers(),
                 ElementsAre("Subscriber(A)", "Subscriber(B)", "Subscriber(C)"));

@@ -13,7 +13,6 @@ namespace analytics {
 namespace {
 
 using testing::Contains;
-using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
 using tests::IniFile;
@@ -94,7 +93,7 @@ TEST(TheLastOf32Groups, IsReadWhereAnEarlierOneIsInactive) {
     std::vector<IniFile::Keys> regions(31, tests::EmptyRegion());
     regions.push_back(tests::GreenRegion());
     tests::Started(SwitchedOn(regions));
-    EXPECT_THAT(tests::ColoursOf(tests::NewListener().record), ElementsAre(tests::kGreen));
+    EXPECT_THAT(tests::ColoursOf(tests::NewListener().record), testing::ElementsAre(tests::kGreen));
   });
 }
 

@@ -17,7 +17,6 @@ namespace analytics {
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using tests::Calls;
 using tests::CallsDuring;
 using tests::ResourceQuestion;
@@ -45,7 +44,8 @@ TEST(TheLoadedLibrary, HasMadeTheMutexOfTheServerRecursive) {
 }
 
 TEST(AResourceServer, AsksNothingWhenItIsMadeAndDestroyed) {
-  tests::InFreshProcess([] { EXPECT_THAT(CallsDuring([] { ResourceUsageServer(); }), IsEmpty()); });
+  tests::InFreshProcess(
+      [] { EXPECT_THAT(CallsDuring([] { ResourceUsageServer(); }), testing::IsEmpty()); });
 }
 
 class AResourceCall : public testing::TestWithParam<ResourceQuestion> {};

@@ -7,7 +7,6 @@ namespace {
 
 using testing::ElementsAre;
 using tests::IsPoint;
-using tests::NodePtr;
 using types::Point;
 
 class ALine : public tests::ProfileTest {
@@ -64,7 +63,7 @@ TEST_F(ALine, TakesLeadingIntegers) {
 
 TEST_F(ALine, IsReadRelativeToItsContext) {
   Parse("<tt:Point x='1' y='1'/><a><tt:Point x='2' y='2'/><tt:Point x='3' y='3'/></a>");
-  const NodePtr a = Node("a");
+  const tests::NodePtr a = Node("a");
   EXPECT_TRUE(Get("tt:Point", a.get()));
   EXPECT_THAT(m_line, ElementsAre(IsPoint(2, 2), IsPoint(3, 3)));
 }

@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::IsPoint;
-using tests::NodePtr;
 using types::Point;
 
 class APointList : public tests::ProfileTest {
@@ -68,14 +67,14 @@ TEST_F(APointList, TakesLeadingIntegersAndSaturates) {
 
 TEST_F(APointList, IsReadRelativeToItsContext) {
   Parse("<a><tt:Point x='1' y='1'/></a><b><tt:Point x='2' y='2'/></b>");
-  const NodePtr b = Node("b");
+  const tests::NodePtr b = Node("b");
   EXPECT_TRUE(Get("tt:Point", b.get()));
   EXPECT_THAT(m_points, ElementsAre(IsPoint(2, 2)));
 }
 
 TEST_F(APointList, OfADocumentWidePathIgnoresItsContext) {
   Parse("<a><tt:Point x='1' y='1'/></a><b><tt:Point x='2' y='2'/></b>");
-  const NodePtr b = Node("b");
+  const tests::NodePtr b = Node("b");
   EXPECT_TRUE(Get("//tt:Point", b.get()));
   EXPECT_THAT(m_points, ElementsAre(IsPoint(1, 1), IsPoint(2, 2)));
 }

@@ -8,7 +8,6 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::InFreshProcess;
-using tests::NodePtr;
 using tests::Properties;
 using tests::Vocabulary;
 
@@ -80,7 +79,7 @@ TEST_F(AChangeOfTheSettings, BackToTheOldPrefixNeedsNoNewContext) {
 TEST_F(AChangeOfTheSettings, OfAPrefixHidesTheItemsUntilTheNextContext) {
   InFreshProcess([this] {
     ParseUnderBuiltInSettings();
-    const NodePtr parameters = Node("tt:Parameters");
+    const tests::NodePtr parameters = Node("tt:Parameters");
     LoadPrefixes("on", "ve");
     EXPECT_EQ("", m_profile.GetSimpleItemValue("a", parameters.get(), false));
     EXPECT_TRUE(m_profile.CreateSearchContext());
@@ -91,7 +90,7 @@ TEST_F(AChangeOfTheSettings, OfAPrefixHidesTheItemsUntilTheNextContext) {
 TEST_F(AChangeOfTheSettings, OfAPrefixHasAnItemAddedByEveryCallUntilTheNextContext) {
   InFreshProcess([this] {
     ParseUnderBuiltInSettings();
-    const NodePtr parameters = Node("tt:Parameters");
+    const tests::NodePtr parameters = Node("tt:Parameters");
     LoadPrefixes("on", "ve");
     EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", 2, parameters.get()));
     EXPECT_TRUE(m_profile.SetOrAddSimpleItemValue("a", "3", parameters.get()));

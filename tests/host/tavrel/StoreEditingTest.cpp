@@ -13,7 +13,6 @@ namespace settings {
 namespace {
 
 using core::IniFile;
-using testing::HasSubstr;
 using testing::ThrowsMessage;
 
 struct Row {
@@ -121,7 +120,7 @@ TEST_F(AnEdit, ThatThrowsWritesNothing) {
 TEST_F(AnEdit, OfAMalformedStoreIsRefused) {
   Write("[A]\nabc\n");
   EXPECT_THAT([] { Set("A", "x", "1"); },
-              ThrowsMessage<std::runtime_error>(HasSubstr(Path() + ":2: ")));
+              ThrowsMessage<std::runtime_error>(testing::HasSubstr(Path() + ":2: ")));
   EXPECT_EQ("[A]\nabc\n", Text());
 }
 
