@@ -112,7 +112,7 @@ class ANALYTICS_API ProfileDoc : public Document {
   /// Sets the value of the first simple item of a name, or appends a new item.
   ///
   /// What its query does not find is appended by every call, so that the profile grows without
-  /// bound: a name that `text::IsQueryItemName` refuses ("Driver's side"), and any name without
+  /// bound: most names that `text::IsQueryItemName` refuses ("Driver's side"), and any name without
   /// search context, outside the ONVIF namespace or after a change of its prefix.
   ///
   /// @param parameters  the "Parameters" element itself; null means the root element, to which

@@ -118,8 +118,8 @@ class ANALYTICS_API Settings {
   ///
   /// A variable whose value leads back to itself never ends and can fill the memory; values that
   /// hold others twice double at each step; `analytics-settingsctl check` finds both. Names are put
-  /// into a query unescaped: a text from outside the product that holds "${" can read anything in
-  /// the settings file and must be refused.
+  /// into a query unescaped, so a reference can read anything in the settings file: callers must
+  /// keep texts from outside the product out.
   static std::string SubstituteVariables(const std::string& text);
 };
 

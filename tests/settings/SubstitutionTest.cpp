@@ -33,7 +33,6 @@ constexpr char kFile[] = R"(<settings>
     <variable name="start" value="${"/>
     <variable name="end" value="}"/>
     <variable name="stop" value="${}"/>
-    <variable name="late"/><variable name="late" value="first"/><variable name="late" value="2nd"/>
     <group><variable name="nested" value="wrong"/></group>
     <v:variable xmlns:v="urn:example" name="vendor" value="wrong"/>
     <variable xmlns:v="urn:example" v:name="nameless" value="wrong"/>
@@ -65,7 +64,6 @@ const Row kReferences[] = {
     {"Undefined", "${missing}/a", "/a"},
     {"UndefinedAmongDefined", "${dir}${missing}${dir}", "/tmp/tmp"},
     {"WithoutValueAttribute", "a${valueless}b", "ab"},
-    {"FirstValueOfSeveral", "${late}", "first"},
     {"ValueAsElementText", "a${element}b", "ab"},
     {"SecondVariablesElement", "${later}", "found"},
     {"OutsideVariables", "a${outside}b", "ab"},
