@@ -53,12 +53,15 @@ IChangeCallback* Subscriptions::CallbackOf(const Subscription& subscription) con
 
 IniFile Subscriptions::TakeChanges(Subscription& subscription, const IniFile::Groups& groups) {
   IniFile overwritten = Changes(IniFile::Groups(), subscription.known);
-  overwritten.MergeSettings(std::exchange(subscription.late, IniFile()));
-  const IniFile::Groups now = Matching(subscription.pattern, groups);
+  overwritten.MergeSettings(subscription.late);
+  IniFile::Groups now = Matching(subscription.pattern, groups);
   // The late changes may have been merged before or after the callback got what it knows, so both
   // outcomes are led to the present state.
-  IniFile changes = Changes(std::exchange(subscription.known, now), now);
+  IniFile changes = Changes(subscription.known, now);
   changes.MergeSettings(Changes(Matching(subscription.pattern, overwritten.AllGroups()), now));
+  // Only now, so that a failure above loses no change.
+  subscription.known = std::move(now);
+  subscription.late = IniFile();
   return changes;
 }
 

@@ -91,10 +91,11 @@ void WatchedWay::AddStep(const std::string& directory, const std::string& name) 
   m_steps.push_back({watch, directory, name});
 }
 
+/// Watches the file in its directory, if the way leads that far.
 void WatchedWay::WatchFile() const {
-  if (!m_steps.empty())
-    inotify_add_watch(m_inotify.Get(), m_steps.back().directory.c_str(),
-                      kDirectoryEvents | kFileEvents);
+  const std::string directory = m_file.substr(0, std::max<std::size_t>(1, m_file.rfind('/')));
+  if (!m_steps.empty() && m_steps.back().directory == directory)
+    inotify_add_watch(m_inotify.Get(), directory.c_str(), kDirectoryEvents | kFileEvents);
 }
 
 void WatchedWay::RemoveOtherWatches() {

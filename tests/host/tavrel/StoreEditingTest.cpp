@@ -122,6 +122,7 @@ TEST_F(AnEdit, OfAMalformedStoreIsRefused) {
   EXPECT_THAT([] { Set("A", "x", "1"); },
               ThrowsMessage<std::runtime_error>(testing::HasSubstr(Path() + ":2: ")));
   EXPECT_EQ("[A]\nabc\n", Text());
+  EXPECT_FALSE(std::filesystem::exists(Path() + ".lock")) << "others had to wait for that";
 }
 
 struct Unholdable {
