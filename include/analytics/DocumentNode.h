@@ -106,15 +106,15 @@ class ANALYTICS_API DocumentNode {
   ///         element, with which the document does not parse again.
   DocumentNode* AddNewChild(const std::string& name, const std::string& value);
 
-  /// Appends an existing node as the last child of this element; it belongs to this tree from then
-  /// on.
+  /// Appends an existing node as the last child; the node belongs to this tree from then on.
   ///
-  /// A node that is linked elsewhere is moved, one that is already a child here keeps its place.
-  /// Its namespaces stay those of its previous place: call `ReconciliateNs()` on it before the
-  /// element or the document that declares them is freed. Nothing happens if either node is empty,
-  /// if `child` is null or a document node, or if this node lies inside `child`. An attribute
-  /// replaces the one of its name, which is freed. Text that follows text is merged into it and
-  /// freed: `child` then dangles. What is appended to a node that is no element is not saved.
+  /// This node must be an element: children of another one may get lost when they are saved. A node
+  /// that is linked elsewhere is moved, one that is already a child here keeps its place. Its
+  /// namespaces stay those of its previous place: call `ReconciliateNs()` on it before the element
+  /// or the document that declares them is freed. Nothing happens if either node is empty, if
+  /// `child` is null or a document node, or if this node lies inside `child`. An attribute replaces
+  /// the one of its name, which is freed. Text that follows text is merged into it and freed:
+  /// `child` then dangles.
   void AddChild(DocumentNode* child);
 
   /// Detaches the node and its subtree from the tree.
@@ -135,11 +135,12 @@ class ANALYTICS_API DocumentNode {
   ///
   /// The root element's own namespace and the declarations after it on the same element are reused
   /// if their URI equals `href` byte for byte, whatever their prefix. Otherwise the namespace is
-  /// declared on this node, also when another element already declares it.
+  /// declared on this node, also when another element already declares it: kept for compatibility,
+  /// installed runtimes see it.
   ///
-  /// @param href    namespace URI; empty, with an empty prefix too, means none, until the saved
-  /// text
-  ///                is parsed under a default namespace
+  /// @param href    namespace URI; empty, with an empty prefix too, means none until the saved
+  ///                text is parsed under a default namespace. libxml2 2.15 does not find the node
+  ///                by its plain name meanwhile.
   /// @param prefix  prefix of a new declaration; empty declares a default namespace. One that this
   ///                node already declares is refused, and so is any on a node that is no element;
   ///                the node is then in no namespace.

@@ -17,10 +17,10 @@ namespace detail {
 /// Number of bytes in a UTF-8 sequence that starts with `first`; 0 if none does.
 inline std::size_t SequenceLength(std::uint32_t first) {
   if (first < 0x80) return 1;
-  if (first < 0xC2) return 0;
+  if (first < 0xC0) return 0;
   if (first < 0xE0) return 2;
   if (first < 0xF0) return 3;
-  return first < 0xF5 ? 4 : 0;
+  return first < 0xF8 ? 4 : 0;
 }
 
 /// A byte of `text`; 0, which continues no sequence, right after its end.

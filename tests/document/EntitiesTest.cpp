@@ -10,10 +10,10 @@ namespace {
 
 TEST(Entities, MultiplyWhenATextIsRead) {
   std::string references;
-  for (int count = 0; count < 1000; ++count) references += "&e;";
+  for (int count = 0; count < 900; ++count) references += "&e;";
   const std::string declaration = "<!DOCTYPE r [<!ENTITY e '" + std::string(1000, 'x') + "'>]>";
   ParsedDocument document(declaration + "<r>" + references + "</r>");
-  EXPECT_EQ(1000000U, document.GetSingleValue("/r", nullptr).size());
+  EXPECT_EQ(900000U, document.GetSingleValue("/r", nullptr).size());
 }
 
 TEST(Entities, OfOtherFilesAreNotRead) {
