@@ -68,7 +68,7 @@ Subscriber SubscriberOf(int number) {
   return {isSecond ? &HearToo : &Hear, &contexts[isSecond ? number - 1 : number]};
 }
 
-constexpr int kMostSteps = 24;
+constexpr std::size_t kMostSteps = 24;
 constexpr std::size_t kMostDeliveries = kMostSteps * (kMostSteps + 1);  // one more with each step
 constexpr std::size_t kSubscribers = 7;
 constexpr unsigned kMostReported = 31;
@@ -245,7 +245,7 @@ void RunOne(Input& input) {
   fakes::Platform::Instance().Reset();
   s_deliveries.clear();
   Comparison comparison(input);
-  for (int step = 0; step < kMostSteps && !input.IsUsedUp(); ++step) comparison.Step();
+  for (std::size_t step = 0; step < kMostSteps && !input.IsUsedUp(); ++step) comparison.Step();
   fakes::Platform::Instance().Reset();
 }
 

@@ -5,7 +5,7 @@
 #include "fuzz/Call.h"
 #include "fuzz/Check.h"
 #include "fuzz/Target.h"
-#include "tests/support/FailingAllocation.h"
+#include "tests/support/FailingNew.h"
 #include "tests/support/XmlAllocations.h"
 
 namespace fuzz {

@@ -3,13 +3,11 @@
 #include <ostream>
 #include <string>
 
-namespace tests {
+#include <gtest/gtest.h>
 
-/// How long memory stays short once an allocation has failed.
-enum class Shortage {
-  kOnce,        // the next allocation succeeds again
-  kFromThenOn,  // every later one fails too
-};
+#include "tests/support/FailureCount.h"
+
+namespace tests {
 
 inline const Shortage kShortages[] = {Shortage::kOnce, Shortage::kFromThenOn};
 
@@ -20,36 +18,8 @@ inline std::string NameOf(Shortage shortage) {
 
 inline void PrintTo(Shortage shortage, std::ostream* out) { *out << NameOf(shortage); }
 
-/// Names a test by its shortage; as fuzzing targets use this header too, without googletest's
-/// types.
-inline constexpr auto ShortageName = [](const auto& info) { return NameOf(info.param); };
-
-/// Counts the allocations of one thread and tells which of them fail.
-class FailureCount {
- public:
-  /// @param number  of the allocation that fails first, from 1
-  void Begin(int number, Shortage shortage) {
-    m_untilFailure = number;
-    m_shortage = shortage;
-    m_failures = 0;
-  }
-  void End() { m_untilFailure = 0; }
-
-  /// Counts one allocation and gives whether it fails.
-  bool NextFails() {
-    if (m_untilFailure == 0) return false;
-    if (m_untilFailure > 1) return --m_untilFailure, false;
-    if (m_shortage == Shortage::kOnce) End();
-    ++m_failures;
-    return true;
-  }
-
-  int Failures() const { return m_failures; }
-
- private:
-  int m_untilFailure = 0;  // 0 while none is to fail
-  Shortage m_shortage = Shortage::kOnce;
-  int m_failures = 0;
-};
+inline std::string ShortageName(const testing::TestParamInfo<Shortage>& info) {
+  return NameOf(info.param);
+}
 
 }  // namespace tests
