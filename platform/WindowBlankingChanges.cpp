@@ -82,6 +82,8 @@ class WindowBlankingChangesImpl : public tavrel::settings::IChangeCallback {
   bool m_started = false;              // under m_mutex
 };
 
+// Deliberate: the mode by its number. SDKs name the modes as they like; the platform that is
+// installed sees 0 here, and 1 from the resource server.
 WindowBlankingChangesImpl::WindowBlankingChangesImpl()
     : m_mutex(true), m_regions(), m_client(static_cast<TavrelSettingsClient::OperationMode>(0)) {}
 

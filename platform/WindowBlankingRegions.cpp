@@ -36,7 +36,8 @@ bool IsActive(const IniFile& settings, const std::string& group) {
 
 std::uint8_t ColourPart(const IniFile& settings, const std::string& group, const char* key,
                         int missing) {
-  // Deliberate: the low eight bits, not the nearest valid value; 300 is 44 and -1 is 255.
+  // Deliberate: the low eight bits, not the nearest valid value; 300 is 44 and -1 is 255. Kept for
+  // compatibility: installed runtimes see it.
   return static_cast<std::uint8_t>(settings.GetIntOrDefault(group, key, missing));
 }
 
@@ -50,8 +51,10 @@ RegionColour ReadColour(const IniFile& settings, const std::string& group) {
 }
 
 /// Counts the active regions, and into `groupCount` the region groups, of which the first that is
-/// missing is the end. Deliberate: while switched off, `groupCount` keeps the last count.
+/// missing is the end.
 std::uint32_t CountRegions(const IniFile& settings, std::uint32_t& groupCount) {
+  // Deliberate: `groupCount` keeps the last count, so that switching off clears a record of
+  // regions.
   if (!IsEnabled(settings)) return 0;
   std::uint32_t active = 0;
   groupCount = 0;
@@ -80,11 +83,13 @@ void ReadRegionColours(const IniFile& settings, std::vector<RegionColour>& colou
 void RefreshRegions(const IniFile& settings, std::uint32_t& groupCount,
                     tagWindowBlankingRegions& regions) {
   const std::uint32_t active = CountRegions(settings, groupCount);
-  // Deliberate: without any region group an earlier record stands.
+  // Deliberate: without any region group the previous record stands. Kept for compatibility:
+  // installed runtimes see it.
   if (groupCount == 0) return;
   std::vector<RegionColour> colours(groupCount);
   ReadRegionColours(settings, colours, groupCount);
-  // Deliberate: all 32 regions active is a configuration that subscribers do not get to see.
+  // Deliberate: with all 32 regions active the previous record stands. Kept for compatibility:
+  // installed runtimes see it.
   if (active >= kMaxRegions) return;
   regions.count = active;
   for (std::uint32_t index = 0; index < active; ++index) {

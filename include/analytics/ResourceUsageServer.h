@@ -12,8 +12,7 @@ namespace analytics {
 /// Errors: what the platform throws reaches the caller, with the connection closed. An exception
 /// out of the platform's mutex ends the process through the unexpected-exception handler.
 ///
-/// Threads: any thread may call; calls may overlap, and the library gives overlapping claims no
-/// order.
+/// Threads: any. Calls may overlap; which of two overlapping claims comes last is not determined.
 class ANALYTICS_API ResourceUsageServer {
  public:
   ResourceUsageServer();
@@ -22,11 +21,10 @@ class ANALYTICS_API ResourceUsageServer {
   /// Units that are still free, as the platform reports them; a negative number is passed on.
   int AvailableResources();
 
-  /// Claims units for the analytics; the claim replaces a former one.
+  /// Claims units for the analytics; a claim that the platform accepts replaces the previous one.
   ///
   /// @param count  number of units, passed on as it is, also if it is negative
-  /// @return always 1: the platform's answer is not passed on, a runtime learns what it got from
-  ///         `AvailableResources()`
+  /// @return 1, also where the platform has refused the claim: nothing here tells
   int ReserveResources(int count);
 };
 

@@ -9,17 +9,16 @@ struct tagWindowBlankingRegion {
   int32_t v;  ///< red-difference chroma Cr, 16 to 240
 };
 
-/// The window-blanking regions (privacy masks) that are active, 388 bytes in native byte order.
+/// The active window-blanking regions (privacy masks), 388 bytes in native byte order.
 ///
-/// Entries are packed: entry i is the (i + 1)th active region, whatever the platform's number of
-/// it.
+/// Entries are packed: entry i is the (i + 1)th active region, whatever its number.
 struct tagWindowBlankingRegions {
   uint32_t count;  ///< number of valid entries; 0 to 31 when the library fills the record
-  /// Only the first `count` entries mean anything; those behind keep what they held before.
+  /// Only the first `count` entries mean anything; those after them keep what they held before.
   struct tagWindowBlankingRegion regions[32];
 };
 
-/// Is told of window-blanking regions.
+/// Receives window-blanking regions.
 ///
 /// @param context  what was given when subscribing
 /// @param kind     always 4
@@ -37,39 +36,57 @@ typedef int (*WindowBlankingCallback)(void* context, int kind, void* data, int s
 
 namespace analytics {
 
-/// Keeps subscribers informed about the camera's window-blanking regions (privacy masks).
+/// Reports changes of the camera's window-blanking regions (privacy masks) to subscribers.
 ///
 /// One set of subscribers for the process. `Instance()` must have been called before any other
 /// operation, also by a caller that makes an object of its own; the objects themselves hold
 /// nothing.
 ///
-/// Ownership: the library owns the instance until it is unloaded; a subscription still in force
-/// then is not ended first, so call `Stop()` before unloading. A change that is being delivered can
-/// outlast `Stop()`; unload the library only once none is. Subscribers' contexts are never freed.
+/// A record can be an old one: it never proves what the camera blanks now. Regions have numbers
+/// from 1, and the first missing number ends them; one is active if it has a name other than
+/// "Empty".
 ///
-/// Errors: what the platform throws reaches the caller of `Start` and `Stop`, what a subscriber
-/// throws the caller of `Subscribe` and `SetConfiguration`. Within a change that the platform
-/// reports nothing gets out: the first subscriber that throws ends that round of calls. An
-/// exception out of the platform's mutex ends the process through the unexpected-exception handler.
+/// | The camera's settings                                | Record after a change            |
+/// |------------------------------------------------------|----------------------------------|
+/// | switched on, region 1 exists, 0 to 31 regions active | the active regions               |
+/// | switched on, all 32 regions active                   | as before: old count and colours |
+/// | switched on, region 1 does not exist                 | as before: old count and colours |
+/// | off, region 1 existed when last switched on          | count 0                          |
+/// | off, region 1 did not exist when last switched on    | as before: old count and colours |
+///
+/// At first the count is 0. From `Stop()` to the next `Start()` the record stays.
+///
+/// Ownership: the library owns the instance until it is unloaded or the process exits. Contexts are
+/// never freed.
+///
+/// Leaving: `exit()` and unloading wait for a change in delivery, which still calls subscribers,
+/// also after `Stop()`. So before a context dies call `Unsubscribe`, which waits for a running
+/// round and after which the subscriber is not called, then `Stop()`. During a change a subscriber
+/// may call `exit()`; a child forked then may as well, but no operation here. Forbidden, as they
+/// hang or crash: `exit()` in a subscriber that `Subscribe` or `SetConfiguration` calls, unloading
+/// from a subscriber, waiting in one for the thread that exits or unloads, any call from then on.
+///
+/// Errors: what the platform throws reaches the caller of `Instance`, `Start` and `Stop`, what a
+/// subscriber throws that of `Subscribe` and `SetConfiguration`. Within a change nothing gets out:
+/// one that cannot be merged reaches nobody, unreadable regions leave the record as far as it got,
+/// perhaps also when switched off next, and a subscriber that throws ends the round. An exception
+/// out of the platform's mutex ends the process through the unexpected-exception handler.
 ///
 /// Threads: any, once `Instance()` has returned for the first time, which must happen before
-/// several threads can reach it. Subscribers are called with the lock held that all operations
-/// take, on the caller's thread or on one of the platform's: they return promptly, and never wait
-/// for another thread that uses this object. Where the platform's mutex is recursive they may call
-/// this object on their own thread.
+/// several threads can reach it. Subscribers are called under the lock of all other operations, on
+/// the caller's thread or one of the platform's: they return promptly and never wait for another
+/// thread that uses this object. Where the platform's mutex is recursive they may call this object
+/// on their own thread; where it cannot be taken, all goes on without it.
 class ANALYTICS_API WindowBlankingChanges {
  public:
   WindowBlankingChanges();
   ~WindowBlankingChanges();
 
-  /// The one instance; the first call makes it and connects to the platform.
+  /// The one instance; the first call that does not throw makes it and connects to the platform.
   static WindowBlankingChanges* Instance();
 
-  /// Appends a subscriber and, if regions are known, calls it at once.
-  ///
-  /// @param callback  may be null: the entry is kept and never called. A pair subscribed twice is
-  ///                  called twice.
-  /// @param context   passed to the callback as it is
+  /// Appends a subscriber, again if it is one already, and calls it at once unless the record's
+  /// count is 0. A null callback is kept and never called.
   void Subscribe(WindowBlankingCallback callback, void* context) const;
 
   /// Removes the first subscriber with this callback and context; without one nothing changes.
@@ -79,12 +96,11 @@ class ANALYTICS_API WindowBlankingChanges {
   /// subscriber. May be tried again if it throws.
   void Start() const;
 
-  /// Ends the subscription to the platform; nothing if not started. Regions and subscribers are
-  /// kept.
+  /// Ends the subscription to the platform; nothing if not started. Subscribers are kept.
   void Stop() const;
 
-  /// Hands a record to all subscribers: the caller's own, not a copy. It is neither stored nor
-  /// written to the platform. A record with count 0 is handed to nobody.
+  /// Hands a record to all subscribers: the caller's own, not a copy, whatever its count. It is
+  /// neither stored nor written to the platform. A record with count 0 is handed to nobody.
   void SetConfiguration(const tagWindowBlankingRegions& regions) const;
 
  private:

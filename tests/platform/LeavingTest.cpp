@@ -19,7 +19,7 @@ namespace {
 using tests::ChildProcess;
 using tests::LoadedLibrary;
 
-constexpr int kAtOnce = 20;
+constexpr int kAtOnce = 10;
 
 /// How a process ends its use of the library.
 struct Way {

@@ -1,10 +1,15 @@
+#include <atomic>
+#include <thread>
+
 #include <gmock/gmock.h>
 
 #include "tests/platform/BlankingChanges.h"
+#include "tests/platform/MeetingPoint.h"
 #include "tests/platform/OverlappingActions.h"
 #include "tests/platform/Regions.h"
 #include "tests/platform/Subscribers.h"
 #include "tests/support/FreshProcess.h"
+#include "tests/support/TimeLimit.h"
 
 namespace analytics {
 namespace {
@@ -60,6 +65,39 @@ TEST(OverlappingCalls, StartAndStopInPairs) {
     EXPECT_EQ(log.CallsOf("TavrelSettingsClient::Subscribe").size(),
               log.CallsOf("TavrelSettingsClient::UnSubscribe").size());
     EXPECT_THAT(fakes::Platform::Instance().subscriptions, testing::IsEmpty());
+  });
+}
+
+/// A subscriber whose round lasts until an operation waits for its lock.
+struct Guest {
+  tests::MeetingPoint round{2};
+  std::atomic<bool> hasLeft{false};
+  int calls = 0;
+
+  static int Stay(void* context, int /*kind*/, void* /*data*/, int /*size*/) {
+    Guest& guest = *static_cast<Guest*>(context);
+    ++guest.calls;
+    fakes::CallLog::Instance().Clear();
+    EXPECT_TRUE(guest.round.Arrive());
+    while (fakes::CallLog::Instance().CallsOf("Mutex::Lock()").empty()) std::this_thread::yield();
+    guest.hasLeft = true;
+    return 0;
+  }
+};
+
+TEST(Unsubscribing, WaitsForARunningRoundAfterWhichTheSubscriberIsNotCalled) {
+  tests::InFreshProcess([] {
+    const tests::TimeLimit limit;
+    Guest guest;
+    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    changes.Subscribe(&Guest::Stay, &guest);
+    std::thread delivering([] { tests::Change(IniFile()); });
+    EXPECT_TRUE(guest.round.Arrive());
+    changes.Unsubscribe(&Guest::Stay, &guest);
+    EXPECT_TRUE(guest.hasLeft);
+    delivering.join();
+    tests::Change(IniFile());
+    EXPECT_EQ(1, guest.calls);
   });
 }
 
