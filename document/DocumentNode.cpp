@@ -75,7 +75,10 @@ void DocumentNode::AddChild(DocumentNode* child) {
 
 void DocumentNode::Unlink(bool free) {
   if (!m_handle) return;
-  if (!free) return xmlUnlinkNode(Node(m_handle));
+  if (!free) {
+    xmlUnlinkNode(Node(m_handle));
+    return;
+  }
   RemoveNode(Node(m_handle));
   m_handle = nullptr;
 }

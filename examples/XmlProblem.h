@@ -9,7 +9,11 @@ namespace examples {
 // What libxml2 first found wrong, on one line, instead of the reports that it would print itself.
 class XmlProblem {
  public:
-  XmlProblem() { xmlSetStructuredErrorFunc(this, KeepFirst); }
+  XmlProblem() {
+    // Constant from libxml2 2.12 on.
+    xmlSetStructuredErrorFunc(
+        this, [](void* self, auto* error) { static_cast<XmlProblem*>(self)->KeepFirst(*error); });
+  }
   ~XmlProblem() { xmlSetStructuredErrorFunc(nullptr, nullptr); }
 
   XmlProblem(const XmlProblem&) = delete;
@@ -21,9 +25,8 @@ class XmlProblem {
   void Clear() { m_text.clear(); }
 
  private:
-  static void KeepFirst(void* self, xmlErrorPtr error) {
-    std::string& text = static_cast<XmlProblem*>(self)->m_text;
-    if (text.empty()) text = Sentence(*error);
+  void KeepFirst(const xmlError& error) {
+    if (m_text.empty()) m_text = Sentence(error);
   }
 
   static std::string Sentence(const xmlError& error) {

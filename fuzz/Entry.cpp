@@ -15,7 +15,7 @@ namespace {
 /// input is without one, and writing them would take most of the time.
 void SilenceMessages() {
   setenv("ANALYTICS_TRACE", "0", 1);
-  xmlSetStructuredErrorFunc(nullptr, [](void* /*context*/, auto /*error*/) {});
+  xmlSetStructuredErrorFunc(nullptr, [](void* /*context*/, auto* /*error*/) {});
   if (!std::freopen("/dev/null", "w", stdout)) std::abort();
 }
 

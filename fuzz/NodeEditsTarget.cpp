@@ -99,7 +99,8 @@ class Comparison {
     const std::string text = m_input.Of(kTexts);
     if (m_input.Flag()) {
       Call([&] { node.SetValue(text); });
-      return xmlNodeSetContent(pair.other, XmlOrNull(text));
+      xmlNodeSetContent(pair.other, XmlOrNull(text));
+      return;
     }
     const int number = m_input.Byte() - 128;
     Call([&] { node.SetValue(number); });

@@ -94,7 +94,7 @@ class TheIndentationSwitch : public testing::TestWithParam<int> {
 
 TEST_P(TheIndentationSwitch, IsPutBackAfterADump) {
   EXPECT_EQ("<?xml version=\"1.0\"?>\n<a>\n  <b/>\n</a>\n", m_document.DumpToString());
-  EXPECT_EQ(GetParam(), xmlIndentTreeOutput);
+  EXPECT_EQ(GetParam(), Indentation::Current());
 }
 
 TEST_P(TheIndentationSwitch, IsPutBackAfterADumpThatFailed) {
@@ -103,13 +103,13 @@ TEST_P(TheIndentationSwitch, IsPutBackAfterADumpThatFailed) {
     return m_document.DumpToString();
   }();
   EXPECT_EQ("", text);
-  EXPECT_EQ(GetParam(), xmlIndentTreeOutput);
+  EXPECT_EQ(GetParam(), Indentation::Current());
 }
 
 TEST_P(TheIndentationSwitch, IsLeftAloneForAClosedDocument) {
   m_document.Close();
   EXPECT_EQ("", m_document.DumpToString());
-  EXPECT_EQ(GetParam(), xmlIndentTreeOutput);
+  EXPECT_EQ(GetParam(), Indentation::Current());
 }
 
 INSTANTIATE_TEST_SUITE_P(OffAndOn, TheIndentationSwitch, testing::Values(0, 1),

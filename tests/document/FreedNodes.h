@@ -5,13 +5,15 @@
 
 #include <libxml/tree.h>
 
+#include "tests/support/NodeHooks.h"
+
 namespace analytics {
 
 /// Watches which nodes libxml2 frees in a scope. One at a time.
 class FreedNodes {
  public:
-  FreedNodes() : m_former(xmlDeregisterNodeDefault(Note)) { Freed().clear(); }
-  ~FreedNodes() { xmlDeregisterNodeDefault(m_former); }
+  FreedNodes() : m_former(tests::HookFreedNodes(Note)) { Freed().clear(); }
+  ~FreedNodes() { tests::HookFreedNodes(m_former); }
 
   FreedNodes(const FreedNodes&) = delete;
   FreedNodes& operator=(const FreedNodes&) = delete;

@@ -51,7 +51,7 @@ TEST(ANodeDump, IsUnindentedWhateverTheProcessWideSwitch) {
   for (const int indents : {0, 1}) {
     const Indentation indentation(indents);
     EXPECT_EQ("<r><a><b/></a></r>", NodeAt(document, "/r").DumpToString());
-    EXPECT_EQ(indents, xmlIndentTreeOutput);
+    EXPECT_EQ(indents, Indentation::Current());
   }
 }
 

@@ -9,11 +9,11 @@
 namespace tests {
 
 /// The blanking changes of a process whose platform holds `stored`, started.
-inline const analytics::WindowBlankingChanges& Started(const IniFile& stored) {
+inline analytics::WindowBlankingChanges* Started(const IniFile& stored) {
   fakes::Platform::Instance().stored = stored;
   analytics::WindowBlankingChanges* const changes = analytics::WindowBlankingChanges::Instance();
   changes->Start();
-  return *changes;
+  return changes;
 }
 
 /// What a new subscriber is told at once; it is gone again afterwards.

@@ -27,7 +27,7 @@ constexpr char kSwitchRead[] = "IniFile::GetBoolOrDefault(Imaging/WindowBlanking
 
 /// Started without settings and with the subscribers A, B and C.
 const WindowBlankingChanges& StartedWithSubscribers() {
-  const WindowBlankingChanges& changes = tests::Started(IniFile());
+  const WindowBlankingChanges& changes = *tests::Started(IniFile());
   for (const char* const name : {"A", "B", "C"}) changes.Subscribe(&NoteCall, Named(name));
   return changes;
 }
@@ -179,7 +179,7 @@ int ThrowNumber(void* /*context*/, int /*kind*/, void* /*data*/, int /*size*/) {
 
 TEST(ASubscriberThatThrowsANumber, LetsNothingOutOfAChangeEither) {
   tests::InFreshProcess([] {
-    tests::Started(IniFile()).Subscribe(&ThrowNumber, nullptr);
+    tests::Started(IniFile())->Subscribe(&ThrowNumber, nullptr);
     EXPECT_NO_THROW(Change(IniFile()));
   });
 }

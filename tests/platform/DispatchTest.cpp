@@ -55,7 +55,7 @@ const Dispatch kDispatches[] = {
 
 class ADispatch : public testing::TestWithParam<Dispatch> {
  protected:
-  static const WindowBlankingChanges& StartedWithoutRegions() { return tests::Started(IniFile()); }
+  static const WindowBlankingChanges& StartedWithoutRegions() { return *tests::Started(IniFile()); }
 
   /// The subscribers that one dispatch calls.
   static Calls Called() {
@@ -84,7 +84,7 @@ TEST_P(ADispatch, CallsASubscriberAddedByTheLastOne) {
 
 TEST_P(ADispatch, CallsAnAddedSubscriberAtOnceAndInItsTurnWhereThereAreRegions) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(tests::SwitchedOn({tests::RedRegion()}));
+    const WindowBlankingChanges& changes = *tests::Started(tests::SwitchedOn({tests::RedRegion()}));
     changes.Subscribe(&AddLate, Named("adder"));
     changes.Unsubscribe(&NoteCall, Named("late"));
     EXPECT_THAT(Called(), ElementsAre("Subscriber(adder)", "Subscriber(late)", "Subscriber(late)"));

@@ -30,7 +30,7 @@ void ComeAndGo() {
 TEST(OverlappingCalls, TellALastingSubscriberOfEachDispatchOnce) {
   tests::InFreshProcess([] {
     Listener listener;  // is written by several threads, and only the library's lock keeps order
-    const WindowBlankingChanges& changes = tests::Started(tests::SwitchedOn({tests::RedRegion()}));
+    const WindowBlankingChanges& changes = *tests::Started(tests::SwitchedOn({tests::RedRegion()}));
     changes.Subscribe(&Listener::Hear, &listener);
     listener = Listener();
     tests::RunOverlapping(
@@ -42,7 +42,7 @@ TEST(OverlappingCalls, TellALastingSubscriberOfEachDispatchOnce) {
 
 TEST(OverlappingCalls, LeaveNoneOfTheSubscribersThatWent) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(tests::SwitchedOn({tests::RedRegion()}));
+    const WindowBlankingChanges& changes = *tests::Started(tests::SwitchedOn({tests::RedRegion()}));
     tests::RunOverlapping(kTurns, {[] { tests::Change(IniFile()); }, &ComeAndGo, &ComeAndGo});
     changes.Subscribe(&tests::NoteCall, tests::Named("last"));
     fakes::CallLog::Instance().Clear();

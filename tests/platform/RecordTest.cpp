@@ -63,7 +63,7 @@ TEST(APlainSubscriber, WrittenInCIsToldOfTheRegions) {
   tests::InFreshProcess([] {
     PlainNotice notice = {};
     tests::Started(tests::SwitchedOn({tests::RedRegion(), tests::BlueRegion()}))
-        .Subscribe(PlainCallback(), &notice);
+        ->Subscribe(PlainCallback(), &notice);
     EXPECT_EQ(1, notice.calls);
     EXPECT_EQ(4, notice.kind);
     EXPECT_EQ(388, notice.size);

@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(Count, AConfigurationOfCount,
 
 TEST(AConfiguration, IsNotStoredWhereThereAreNoRegions) {
   tests::InFreshProcess([] {
-    tests::Started(IniFile()).SetConfiguration(OneRegion());
+    tests::Started(IniFile())->SetConfiguration(OneRegion());
     EXPECT_EQ(0, tests::NewListener().calls);
     EXPECT_EQ(0U, tests::ListenerAfter(IniFile()).record.count);
   });
@@ -85,7 +85,7 @@ TEST(AConfiguration, IsNotStoredWhereThereAreNoRegions) {
 TEST(AConfiguration, IsNotStoredInPlaceOfTheRegions) {
   tests::InFreshProcess([] {
     tests::Started(tests::SwitchedOn({tests::RedRegion(), tests::BlueRegion()}))
-        .SetConfiguration(OneRegion());
+        ->SetConfiguration(OneRegion());
     EXPECT_THAT(tests::ColoursOf(tests::NewListener().record),
                 ElementsAre(tests::kRed, tests::kBlue));
     EXPECT_THAT(tests::ColoursOf(tests::ListenerAfter(IniFile()).record),

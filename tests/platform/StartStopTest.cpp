@@ -48,7 +48,7 @@ TEST(Starting, SubscribesOneCallbackForTheGroupAndAllThatLiesBelowIt) {
 TEST(Starting, CallsNoSubscriberThoughThereAreRegions) {
   tests::InFreshProcess([] {
     WindowBlankingChanges::Instance()->Subscribe(&tests::NoteCall, tests::Named("A"));
-    const WindowBlankingChanges& changes = tests::Started(SwitchedOn({tests::RedRegion()}));
+    const WindowBlankingChanges& changes = *tests::Started(SwitchedOn({tests::RedRegion()}));
     changes.Stop();
     changes.Start();
     EXPECT_EQ(1, NewListener().calls);
@@ -58,7 +58,7 @@ TEST(Starting, CallsNoSubscriberThoughThereAreRegions) {
 
 TEST(Starting, NeitherReadsNorSubscribesAgainWhileStarted) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     EXPECT_THAT(CallsDuring([&] { changes.Start(); }),
                 ElementsAre("Mutex::Lock()", "Mutex::Unlock()"));
     EXPECT_THAT(Subscriptions(), SizeIs(1));
@@ -67,7 +67,7 @@ TEST(Starting, NeitherReadsNorSubscribesAgainWhileStarted) {
 
 TEST(Starting, ReadsAfreshAfterAStop) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(SwitchedOn({tests::RedRegion()}));
+    const WindowBlankingChanges& changes = *tests::Started(SwitchedOn({tests::RedRegion()}));
     changes.Stop();
     fakes::Platform::Instance().stored = SwitchedOn({tests::BlueRegion(), tests::RedRegion()});
     changes.Start();
@@ -103,14 +103,14 @@ TEST(Stopping, AsksThePlatformNothingUnlessStarted) {
 
 TEST(Stopping, KeepsTheRecordForLaterSubscribers) {
   tests::InFreshProcess([] {
-    tests::Started(SwitchedOn({tests::RedRegion(), tests::BlueRegion()})).Stop();
+    tests::Started(SwitchedOn({tests::RedRegion(), tests::BlueRegion()}))->Stop();
     EXPECT_THAT(tests::ColoursOf(NewListener().record), ElementsAre(kRed, kBlue));
   });
 }
 
 TEST(Stopping, KeepsTheSubscribers) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     changes.Subscribe(&tests::NoteCall, tests::Named("A"));
     changes.Stop();
     changes.SetConfiguration(tests::OneRegion());
@@ -123,7 +123,7 @@ TEST(Stopping, KeepsTheSubscribers) {
 
 TEST(Stopping, KeepsTheSettingsWithWhichALateDeliveryIsMerged) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(SwitchedOn({tests::RedRegion()}));
+    const WindowBlankingChanges& changes = *tests::Started(SwitchedOn({tests::RedRegion()}));
     auto* const callback = Subscriptions().front().first;
     changes.Stop();
     callback->OnSettingsChanged(nullptr,
@@ -200,7 +200,7 @@ INSTANTIATE_TEST_SUITE_P(Places, AStartThatFails, testing::ValuesIn(kFailingStar
 
 TEST(AStopThatFails, LetsTheFailureOutWithTheLockReleased) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     EXPECT_THAT(CallsOfFailing("TavrelSettingsClient::UnSubscribe", [&] { changes.Stop(); }),
                 ElementsAre("Mutex::Lock()", "TavrelSettingsClient::UnSubscribe(callback)",
                             "Mutex::Unlock()"));
@@ -209,7 +209,7 @@ TEST(AStopThatFails, LetsTheFailureOutWithTheLockReleased) {
 
 TEST(AStopThatFails, LeavesItStarted) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     CallsOfFailing("TavrelSettingsClient::UnSubscribe", [&] { changes.Stop(); });
     EXPECT_THAT(CallsDuring([&] { changes.Start(); }),
                 ElementsAre("Mutex::Lock()", "Mutex::Unlock()"));
@@ -218,7 +218,7 @@ TEST(AStopThatFails, LeavesItStarted) {
 
 TEST(AStopThatFails, MayBeTriedAgain) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     CallsOfFailing("TavrelSettingsClient::UnSubscribe", [&] { changes.Stop(); });
     changes.Stop();
     EXPECT_THAT(Subscriptions(), IsEmpty());

@@ -20,7 +20,7 @@ using tests::NoteCall;
 
 /// Started blanking changes with three regions in their record.
 const WindowBlankingChanges& StartedWithThree() {
-  return tests::Started(
+  return *tests::Started(
       tests::SwitchedOn({tests::RedRegion(), tests::GreenRegion(), tests::BlueRegion()}));
 }
 
@@ -60,7 +60,7 @@ TEST(ANewSubscriber, IsToldUnderTheLock) {
 
 TEST(ANewSubscriber, IsStoredButNotToldWhereTheCountIsZero) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     EXPECT_THAT(CallsDuring([&] { changes.Subscribe(&NoteCall, Named("A")); }),
                 ElementsAre("Mutex::Lock()", "Mutex::Unlock()"));
     EXPECT_THAT(ReachedSubscribers(), ElementsAre("Subscriber(A)"));
@@ -113,7 +113,7 @@ TEST(ANullCallback, IsNotCalledWhenItIsSubscribed) {
 
 TEST(ANullCallback, IsSkippedByEveryDispatch) {
   tests::InFreshProcess([] {
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     changes.Subscribe(&NoteCall, Named("A"));
     changes.Subscribe(nullptr, Named("B"));
     changes.Subscribe(nullptr, nullptr);

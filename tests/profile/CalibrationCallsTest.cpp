@@ -73,9 +73,12 @@ TEST(ReadingACalibration, CallsAllFourSettersAlsoForAClosedProfile) {
   });
 }
 
-/// Notes each query that fails in the call log.
-void NoteQuery(void* /*context*/, xmlErrorPtr error) {
-  fakes::CallLog::Instance().Note(error->str1 ? error->str1 : "another error");
+/// Has each query that fails noted in the call log.
+void NoteFailingQueries() {
+  // Constant from libxml2 2.12 on.
+  xmlSetStructuredErrorFunc(nullptr, [](void* /*context*/, auto* error) {
+    fakes::CallLog::Instance().Note(error->str1 ? error->str1 : "another error");
+  });
 }
 
 TEST(ReadingACalibration, LooksForItsPiecesBetweenGettersAndSetters) {
@@ -83,7 +86,7 @@ TEST(ReadingACalibration, LooksForItsPiecesBetweenGettersAndSetters) {
     tests::UnboundProfile profile;
     ASSERT_TRUE(profile.ParseString("<rule/>"));
     Calibration calibration;
-    xmlSetStructuredErrorFunc(nullptr, &NoteQuery);
+    NoteFailingQueries();
     EXPECT_TRUE(profile.GetCalibration(calibration));
     const std::vector<std::string> calls = Calls();
     ASSERT_GE(calls.size(), 12U);

@@ -2,19 +2,20 @@
 
 #include <libxml/tree.h>
 
+#include "tests/support/NodeHooks.h"
+
 namespace tests {
 
 /// Counts the documents that libxml2 has made and not yet freed, for a scope. One at a time.
 class LiveDocuments {
  public:
   LiveDocuments()
-      : m_registered(xmlRegisterNodeDefault(NoteMade)),
-        m_deregistered(xmlDeregisterNodeDefault(NoteFreed)) {
+      : m_registered(HookMadeNodes(NoteMade)), m_deregistered(HookFreedNodes(NoteFreed)) {
     s_count = 0;
   }
   ~LiveDocuments() {
-    xmlRegisterNodeDefault(m_registered);
-    xmlDeregisterNodeDefault(m_deregistered);
+    HookMadeNodes(m_registered);
+    HookFreedNodes(m_deregistered);
   }
 
   LiveDocuments(const LiveDocuments&) = delete;

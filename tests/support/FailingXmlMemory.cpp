@@ -39,8 +39,6 @@ const int kInstalled = xmlMemSetup(XmlBlocks::Release, Allocate, Resize, Copy);
 
 void DropText(void* /*context*/, const char* /*format*/, ...) {}
 
-void DropReport(void* /*context*/, xmlErrorPtr /*error*/) {}
-
 }  // namespace
 
 QuietXml::QuietXml()
@@ -48,7 +46,8 @@ QuietXml::QuietXml()
       m_context(xmlStructuredErrorContext),
       m_printer(xmlGenericError),
       m_printerContext(xmlGenericErrorContext) {
-  xmlSetStructuredErrorFunc(nullptr, DropReport);
+  // Constant from libxml2 2.12 on.
+  xmlSetStructuredErrorFunc(nullptr, [](void* /*context*/, auto* /*error*/) {});
   xmlSetGenericErrorFunc(nullptr, DropText);
 }
 

@@ -15,7 +15,9 @@ class XmlErrors {
         m_context(xmlStructuredErrorContext),
         m_printer(xmlGenericError),
         m_printerContext(xmlGenericErrorContext) {
-    xmlSetStructuredErrorFunc(this, Note);
+    // Constant from libxml2 2.12 on.
+    xmlSetStructuredErrorFunc(
+        this, [](void* self, auto* error) { static_cast<XmlErrors*>(self)->Note(*error); });
     xmlSetGenericErrorFunc(this, Drop);
   }
   ~XmlErrors() {
@@ -36,10 +38,9 @@ class XmlErrors {
 
  private:
   // No exception may travel through libxml2.
-  static void Note(void* self, xmlErrorPtr error) noexcept {
-    auto& errors = *static_cast<XmlErrors*>(self);
-    errors.m_codes.push_back(error->code);
-    if (error->domain == XML_FROM_XPATH && error->str1) errors.m_queries.emplace_back(error->str1);
+  void Note(const xmlError& error) noexcept {
+    m_codes.push_back(error.code);
+    if (error.domain == XML_FROM_XPATH && error.str1) m_queries.emplace_back(error.str1);
   }
 
   // A few reports come as text only, beside a structured one.
