@@ -10,6 +10,7 @@
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/Unprivileged.h"
 #include "tests/support/XmlErrors.h"
+#include "tests/support/XmlVersion.h"
 
 namespace analytics {
 namespace {
@@ -46,7 +47,6 @@ const Row kNames[] = {
     {"LongestName", std::string(255, 'n'), "@/" + std::string(255, 'n')},
     {"Detours", "a.xml", "@/.//.././@/./a.xml"},
     {"EndingInNul", "a.xml", "@/a.xml" + std::string("\0b", 2)},
-    {"EndingInAnEscapedNul", "a.xml", "@/a.xml%00b"},
     {"UrlOfNoHost", "a b.xml", "file://@/a b.xml"},
     {"UrlWithEscapes", "a b.xml", "file://@/a%20b.xml"},
     {"UrlOfThisHost", "a b.xml", "file://localhost@/a%20b.xml"},
@@ -86,34 +86,40 @@ TEST_P(AFileName, IsSavedToAsTheFileOfThatName) {
 INSTANTIATE_TEST_SUITE_P(Rows, AFileName, testing::ValuesIn(kNames),
                          testing::PrintToStringParamName());
 
-/// A name with the escape "%20", which libxml2 may take for a blank.
+/// Names with escapes, which libxml2 resolves: always for saving, in some versions for opening.
 class AnEscapedName : public testing::Test {
  protected:
-  std::string Opened() {
+  std::string Opened(const char* name) {
     Document document;
-    document.ParseFile(m_directory.PathOf("a%20b.xml"));
+    document.ParseFile(m_directory.PathOf(name));
     return document.GetSingleValue("/a", nullptr);
   }
 
   const tests::TemporaryDirectory m_directory;
+  const tests::XmlErrors m_quiet;
 };
 
 TEST_F(AnEscapedName, OpensTheFileOfJustThatName) {
   m_directory.Write("a b.xml", "<a>blank</a>");
   m_directory.Write("a%20b.xml", "<a>escape</a>");
-  EXPECT_EQ("escape", Opened());
+  EXPECT_EQ("escape", Opened("a%20b.xml"));
 }
 
-TEST_F(AnEscapedName, ElseOpensTheFileWithABlank) {
+TEST_F(AnEscapedName, ElseOpensTheFileWithABlankWhereLibxmlResolvesItForOpening) {
   m_directory.Write("a b.xml", "<a>blank</a>");
-  EXPECT_EQ("blank", Opened());
+  EXPECT_EQ(tests::kXmlOpensResolvedNames ? "blank" : "", Opened("a%20b.xml"));
 }
 
-TEST_F(AnEscapedName, IsSavedToAsTheFileWithABlankAndReadBack) {
+TEST_F(AnEscapedName, IsSavedToAsTheFileWithABlank) {
   EXPECT_TRUE(ParsedDocument("<a>saved</a>").SaveToFile(m_directory.PathOf("a%20b.xml")));
-  EXPECT_TRUE(fs::exists(m_directory.PathOf("a b.xml")));
   EXPECT_FALSE(fs::exists(m_directory.PathOf("a%20b.xml")));
-  EXPECT_EQ("saved", Opened());
+  EXPECT_EQ("saved", Opened("a b.xml"));
+}
+
+TEST_F(AnEscapedName, EndsAtAnEscapedNulWhereItIsResolved) {
+  EXPECT_TRUE(ParsedDocument("<a>saved</a>").SaveToFile(m_directory.PathOf("a.xml%00b")));
+  EXPECT_EQ("saved", Opened("a.xml"));
+  EXPECT_EQ(tests::kXmlOpensResolvedNames ? "saved" : "", Opened("a.xml%00b"));
 }
 
 // Paths that give no document, whatever there is at them.

@@ -1,4 +1,5 @@
 #include <cstring>
+#include <iostream>
 #include <string>
 
 #include <gmock/gmock.h>
@@ -13,6 +14,7 @@
 #include "tests/support/TemporaryDirectory.h"
 #include "tests/support/XmlEntry.h"
 #include "tests/support/XmlMemoryFaults.h"
+#include "tests/support/XmlVersion.h"
 
 /// What libxml2 does wrong by itself: nothing here uses the library that is tested elsewhere.
 namespace {
@@ -234,20 +236,27 @@ unsigned EffectsSeen(const Row& row) {
   return seen;
 }
 
-/// A line of the table; each of its effects is seen with libxml2 alone, in one of its calls.
+unsigned EffectsSeen(const char* call) {
+  unsigned seen = 0;
+  for (const Row& row : kRows) {
+    if (std::strcmp(row.call, call) == 0) seen |= EffectsSeen(row);
+  }
+  return seen;
+}
+
+/// A line of the table; each of its effects is seen with libxml2 alone, in one of its calls, unless
+/// a newer libxml2 has mended it.
 class AFaultOfLibxml2 : public testing::TestWithParam<tests::XmlMemoryFault> {
  private:
   const tests::QuietXml m_quiet;
 };
 
-TEST_P(AFaultOfLibxml2, ShowsWithLibxml2Alone) {
-  unsigned seen = 0;
-  for (const Row& row : kRows) {
-    if (std::strcmp(row.call, GetParam().call) == 0) seen |= EffectsSeen(row);
-  }
+TEST_P(AFaultOfLibxml2, ShowsWithLibxml2AloneOrIsReportedAsMended) {
   EXPECT_NE(0U, GetParam().effects);
-  EXPECT_EQ(GetParam().effects, seen & GetParam().effects) << "seen are " << seen;
-  tests::Count("exclusions");
+  const unsigned mended = GetParam().effects & ~EffectsSeen(GetParam().call);
+  if (mended != 0) std::cout << GetParam().call << ": effects " << mended << " are mended\n";
+  EXPECT_TRUE(mended == 0 || !tests::kIsOldestXml);
+  tests::Count(mended == 0 ? "exclusions" : "mended_exclusions");
 }
 
 INSTANTIATE_TEST_SUITE_P(Faults, AFaultOfLibxml2, testing::ValuesIn(tests::XmlMemoryFaults()));

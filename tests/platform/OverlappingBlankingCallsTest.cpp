@@ -89,7 +89,7 @@ TEST(Unsubscribing, WaitsForARunningRoundAfterWhichTheSubscriberIsNotCalled) {
   tests::InFreshProcess([] {
     const tests::TimeLimit limit;
     Guest guest;
-    const WindowBlankingChanges& changes = tests::Started(IniFile());
+    const WindowBlankingChanges& changes = *tests::Started(IniFile());
     changes.Subscribe(&Guest::Stay, &guest);
     std::thread delivering([] { tests::Change(IniFile()); });
     EXPECT_TRUE(guest.round.Arrive());

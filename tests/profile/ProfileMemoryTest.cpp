@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include <gmock/gmock.h>
 
@@ -13,6 +14,18 @@ namespace {
 using tests::Answer;
 using tests::NodeList;
 using S = ProfileSubject;
+
+/// The profile with one element more behind the items of its first rule.
+std::string WithAdded(const std::string& element) {
+  std::string content = Profile(kItems);
+  return Holds(content.insert(content.find(kCalibration) + kCalibration.size(), element));
+}
+
+/// The new item without one attribute or both: each is set for itself, and may find no memory.
+std::vector<std::string> WithoutAttributes(const std::string& value) {
+  return {WithAdded("<tt:SimpleItem/>"), WithAdded("<tt:SimpleItem Name=\"" + kNewItem + "\"/>"),
+          WithAdded("<tt:SimpleItem Value=\"" + value + "\"/>")};
+}
 
 const tests::MemoryRow<ProfileSubject> kRows[] = {
     {"Construct", [](S&) -> Answer { return ProfileDoc().Close(), true; }, "true"},
@@ -101,22 +114,21 @@ const tests::MemoryRow<ProfileSubject> kRows[] = {
      {},
      Holds(Profile(Item(kItem, kNewItem) + kActive)),
      // An item that cannot be found is added, as one that is not there.
-     {Holds(Profile(kItems).replace(Profile(kItems).find(kCalibration) + kCalibration.size(), 0,
-                                    Item(kItem, kNewItem)))}},
+     {WithAdded(Item(kItem, kNewItem))}},
     {"SetOrAddNewItem",
      [](S& s) -> Answer {
        return s.profile.SetOrAddSimpleItemValue(kNewItem, kValue, &s.parameters);
      },
      "true",
      {},
-     Holds(Profile(kItems).replace(Profile(kItems).find(kCalibration) + kCalibration.size(), 0,
-                                   Item(kNewItem, kValue)))},
+     WithAdded(Item(kNewItem, kValue)),
+     WithoutAttributes(kValue)},
     {"SetOrAddNewIntegerItem",
      [](S& s) -> Answer { return s.profile.SetOrAddSimpleItemValue(kNewItem, 7, &s.parameters); },
      "true",
      {},
-     Holds(Profile(kItems).replace(Profile(kItems).find(kCalibration) + kCalibration.size(), 0,
-                                   Item(kNewItem, "7")))},
+     WithAdded(Item(kNewItem, "7")),
+     WithoutAttributes("7")},
     {"RuleIsActive",
      [](S& s) -> Answer { return s.profile.RuleIsActive(kOtherType); },
      "true",

@@ -10,6 +10,7 @@
 #include "tests/support/Figures.h"
 #include "tests/support/Survival.h"
 #include "tests/support/XmlEntry.h"
+#include "tests/support/XmlVersion.h"
 
 namespace tests {
 
@@ -33,10 +34,17 @@ const std::vector<XmlMemoryFault>& XmlMemoryFaults() {
        "The child is added without its text, or a part of it, or without its name."},
       {"xmlSetNsProp", kWrongState,
        "Called by xmlSetProp, which keeps an attribute whose text it cannot make."},
-      {"xmlAddChild", kWrongState, "A text that cannot be joined to its neighbour is freed."},
+      {"xmlAddChild",
+       kIsXml215 ? kLeaks | kWrongState : 0U | kWrongState,
+       "A text that cannot be joined to its neighbour is freed; in 2.15 it is left without a tree.",
+       {},
+       true},
       {"xmlNewNs", kWrongState, "A declaration whose prefix or URI cannot be copied stays."},
-      {"xmlReconciliateNs", kWrongState,
-       "A declaration that cannot be copied whole stays, or a name loses its namespace."},
+      {"xmlReconciliateNs",
+       kWrongState,
+       "A declaration that cannot be copied whole stays, or a name loses its namespace.",
+       {},
+       true},
       {"xmlNodeDump",
        kCrashes,
        "The text of the buffer, which cannot grow, is freed and kept in it.",
@@ -59,7 +67,8 @@ const char* FigureOf(XmlMemoryEffect effect) {
 
 const XmlMemoryFault* FaultOf(const char* call) {
   for (const XmlMemoryFault& fault : XmlMemoryFaults()) {
-    if (std::strcmp(fault.call, call) == 0) return &fault;
+    const bool isThere = fault.isLeftIn215 || !kIsXml215;
+    if (isThere && std::strcmp(fault.call, call) == 0) return &fault;
   }
   return nullptr;
 }
