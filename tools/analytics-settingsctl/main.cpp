@@ -44,6 +44,14 @@ void AddCommands(CLI::App& app) {
   settingsctl::AddReserveCommand(app);
 }
 
+/// CLI11 from 2.5 on would join the lines of texts to paragraphs, those of the examples too.
+void KeepLines([[maybe_unused]] CLI::App& app) {
+#if CLI11_VERSION_MAJOR > 2 || (CLI11_VERSION_MAJOR == 2 && CLI11_VERSION_MINOR >= 5)
+  app.get_formatter()->enable_description_formatting(false);
+  app.get_formatter()->enable_footer_formatting(false);
+#endif
+}
+
 /// A word in the place of a command that is none would else be reported as no command at all.
 void RequireKnownCommand(const CLI::App& app, int argc, char** argv) {
   const std::string word = argc > 1 ? argv[1] : "-";
@@ -87,6 +95,7 @@ int Run(int argc, char** argv) {
   app.set_version_flag("--version", std::string("analytics-settingsctl ") + ANALYTICS_VERSION);
   app.require_subcommand(1);
   app.footer(kExamples);
+  KeepLines(app);
   AddCommands(app);
   RequireKnownCommand(app, argc, argv);
   const int status = Parse(app, argc, argv);

@@ -13,16 +13,20 @@ PAGES = sorted((SOURCE / "docs" / "man").glob("*.md"))
 
 
 class HelpTest(CommandTest):
+    def section(self, title, *arguments):
+        """A section of a help; versions of CLI11 differ in the case of its title."""
+        after = re.split(rf"(?im)^{title}:\s*\n", self.answer(*arguments, "--help"))[1]
+        return after.split("\n\n")[0]
+
     def commands(self):
         """Names of all commands, as the help lists them."""
-        listed = self.answer("--help").split("Subcommands:\n")[1].split("\n\n")[0]
-        return [line.split()[0] for line in listed.splitlines()]
+        return [line.split()[0] for line in self.section("Subcommands").splitlines()]
 
     def options(self, command):
         """The options of a command, short and long, as its help lists them."""
-        shown = self.answer(command, "--help").split("Options:\n")[1].split("\n\n")[0]
-        listed = re.findall(r"^  (-\S+)", shown, re.MULTILINE)
-        return {option for options in listed for option in options.split(",")}
+        listed = re.findall(r"^ +(-\w)?,? *(--[\w-]+)?", self.section("Options", command),
+                            re.MULTILINE)
+        return {option for options in listed for option in options if option}
 
     def each_option(self):
         for command in self.commands():

@@ -45,32 +45,69 @@ std::string OneLine(const char* message) {
   return line;
 }
 
-/// A limit of libxml2, which knows it by no code: part of its message, and what to tell instead.
-struct Limit {
-  const char* part;
-  const char* message;
-};
-
+constexpr const char* kTooDeep =
+    "elements lie more than 256 deep in each other; nest them less deeply";
 constexpr const char* kTooLong =
     "a text, an attribute, a comment or a section is longer than 10 MB; shorten it";
+constexpr const char* kLongName = "a name is longer than 50000 bytes; shorten it";
+constexpr const char* kMultiplying =
+    "entities lead back to themselves or multiply beyond measure; write out what they stand for";
 
-constexpr Limit kLimits[] = {
-    {"Excessive depth", "elements lie more than 256 deep in each other; nest them less deeply"},
-    {"huge text node", kTooLong},
-    {"too big found", kTooLong},
-    {"value too long", kTooLong},
-    {"Value length too long", kTooLong},
-    {"Huge input lookup", kTooLong},
-    {"Name too long", "a name is longer than 50000 bytes; shorten it"},
-    {"entity reference loop",
-     "entities lead back to themselves or multiply beyond measure; write out what they stand for"}};
+/// libxml2's `XML_ERR_RESOURCE_LIMIT`, which its older versions do not have.
+constexpr int kResourceLimit = 114;
 
-XmlProblem ProblemOf(const xmlError& error) {
-  const std::string message = OneLine(error.message);
-  for (const Limit& limit : kLimits) {
-    if (message.find(limit.part) != std::string::npos) return {error.line, limit.message, true};
+/// What a parser reads, and what was wrong with it.
+struct Reading {
+  const std::string& text;
+  XmlProblem problem;
+};
+
+Reading& ReadingOf(const xmlParserCtxt& parser) { return *static_cast<Reading*>(parser._private); }
+
+bool IsDeep(const xmlNode* node) {
+  int depth = 0;
+  for (; node; node = node->parent) ++depth;
+  return depth > 256;
+}
+
+/// Whether more follows where the parser gives up: what it then calls unfinished is too long.
+bool StopsShort(const xmlParserInput* input) {
+  return input && input->cur < input->end && *input->cur != '\0';
+}
+
+/// The one of its limits at which a parser gives up for want of resources, or null. A text can only
+/// be too long in a file that is longer, or because entities multiply.
+const char* ResourceLimit(const xmlError& error, const xmlParserCtxt& parser) {
+  if (IsDeep(parser.node)) return kTooDeep;
+  if (ReadingOf(parser).text.size() > XML_MAX_TEXT_LENGTH) return kTooLong;
+  return error.code == kResourceLimit ? kMultiplying : nullptr;
+}
+
+/// The limit of libxml2 that an error is about, as what to tell instead of its message; or null.
+const char* LimitOf(const xmlError& error, const xmlParserCtxt& parser) {
+  switch (error.code) {
+    case kResourceLimit:
+    case XML_ERR_INTERNAL_ERROR:
+      return ResourceLimit(error, parser);
+    case XML_ERR_ENTITY_LOOP:
+      return kMultiplying;
+    case XML_ERR_NAME_TOO_LONG:
+      return kLongName;
+    case XML_ERR_NO_MEMORY:
+      return kTooLong;  // of a text that grows in pieces
+    case XML_ERR_ATTRIBUTE_NOT_FINISHED:
+    case XML_ERR_CDATA_NOT_FINISHED:
+    case XML_ERR_COMMENT_NOT_FINISHED:
+    case XML_ERR_PI_NOT_FINISHED:
+      return StopsShort(parser.input) ? kTooLong : nullptr;
+    default:
+      return nullptr;
   }
-  return {error.line, message, false};
+}
+
+XmlProblem ProblemOf(const xmlError& error, const xmlParserCtxt& parser) {
+  const char* const limit = LimitOf(error, parser);
+  return {error.line, limit ? limit : OneLine(error.message), limit != nullptr};
 }
 
 /// Errors of namespaces leave a document to the library.
@@ -80,14 +117,12 @@ bool IsRemark(const xmlError& error) {
 
 /// Keeps what was complained about first, because what follows is mostly its consequence. At a
 /// limit, libxml2 may leave out the rest of the document without calling it a failure.
-void KeepFirst(void* context, xmlErrorPtr error) {
-  XmlProblem& problem = *static_cast<XmlProblem*>(static_cast<xmlParserCtxt*>(context)->_private);
-  if (IsRemark(*error)) return;
-  const XmlProblem found = ProblemOf(*error);
+void KeepFirst(const xmlParserCtxt& parser, const xmlError& error) {
+  if (IsRemark(error)) return;
+  XmlProblem& problem = ReadingOf(parser).problem;
+  const XmlProblem found = ProblemOf(error, parser);
   if (problem.message.empty() || (found.isLimit && !problem.isLimit)) problem = found;
 }
-
-void Discard(void* /*context*/, xmlErrorPtr /*error*/) {}
 
 /// The line on which the tag begins at whose end the parser stands: no tag holds a "<" in itself.
 int LineOfTag(const xmlParserInput& input) {
@@ -113,7 +148,7 @@ void StartElement(void* context, const xmlChar* name, const xmlChar* prefix, con
 /// A text that is in memory as one piece passes libxml2's limit, where that of a file would not.
 void AddText(void* context, const xmlChar* text, int length) {
   auto* parser = static_cast<xmlParserCtxt*>(context);
-  XmlProblem& problem = *static_cast<XmlProblem*>(parser->_private);
+  XmlProblem& problem = ReadingOf(*parser).problem;
   if (length > XML_MAX_TEXT_LENGTH && !problem.isLimit) {
     problem = {parser->input->line, kTooLong, true};
   }
@@ -124,18 +159,21 @@ void AddText(void* context, const xmlChar* text, int length) {
 DocumentPtr Parse(const Input& input, int options, XmlProblem& problem) {
   const std::unique_ptr<xmlParserCtxt, DeleteContext> context(xmlNewParserCtxt());
   if (!context) throw std::bad_alloc();
-  XmlProblem found;
-  context->_private = &found;
-  context->sax->serror = KeepFirst;
+  Reading reading{input.text, {}};
+  context->_private = &reading;
+  // Here and below, the error is constant from libxml2 2.12 on.
+  context->sax->serror = [](void* parser, auto* error) {
+    KeepFirst(*static_cast<xmlParserCtxt*>(parser), *error);
+  };
   context->sax->startElementNs = StartElement;
   context->sax->characters = AddText;
   context->sax->ignorableWhitespace = AddText;
   DocumentPtr document(xmlCtxtReadMemory(context.get(), input.text.data(),
                                          static_cast<int>(input.text.size()), nullptr, nullptr,
                                          options | XML_PARSE_NONET | XML_PARSE_BIG_LINES));
-  if (document && !found.isLimit) return document;
-  if (found.message.empty()) found = {0, "it is not XML", false};
-  problem = found;
+  if (document && !reading.problem.isLimit) return document;
+  problem = reading.problem;
+  if (problem.message.empty()) problem = {0, "it is not XML", false};
   return nullptr;
 }
 
@@ -162,8 +200,7 @@ void XmlInput::RequireDocument(const Input& input) const {
 }
 
 void PrepareXml() {
-  xmlSetStructuredErrorFunc(nullptr, Discard);
-  xmlLineNumbersDefault(1);
+  xmlSetStructuredErrorFunc(nullptr, [](void* /*context*/, auto* /*error*/) {});
 }
 
 }  // namespace settingsctl

@@ -49,7 +49,7 @@ class XmlInput {
 };
 
 /// For as long as the process runs, and in the library's own parses and queries too: libxml2 writes
-/// nothing to standard error and keeps the lines of elements.
+/// nothing to standard error.
 void PrepareXml();
 
 }  // namespace settingsctl

@@ -18,12 +18,15 @@ struct Character {
   std::size_t length;
 };
 
-/// Bytes that continue a character, and longer forms than needed, are no UTF-8, but libxml2 takes
-/// them.
+/// Halves of characters in UTF-16, and what is beyond the last character, are none.
+bool IsOfUnicode(int code) { return code <= 0x10FFFF && (code < 0xD800 || code > 0xDFFF); }
+
+/// Bytes that continue a character, longer forms than needed, and what is no character are no
+/// UTF-8, but libxml2 before 2.14 takes them.
 bool IsUtf8(unsigned char first, int code, int length) {
   constexpr std::array<int, 5> kLeast = {0, 0, 0x80, 0x800, 0x10000};
   const bool isContinued = first >= 0x80U && first < 0xC0U;
-  return !isContinued && code >= kLeast.at(static_cast<std::size_t>(length));
+  return !isContinued && code >= kLeast.at(static_cast<std::size_t>(length)) && IsOfUnicode(code);
 }
 
 Character CharacterAt(const std::string& text, std::size_t at) {
