@@ -104,10 +104,17 @@ class ANALYTICS_API WindowBlankingChanges {
   void SetConfiguration(const tagWindowBlankingRegions& regions) const;
 
  private:
+  // Deleted when the library is unloaded. Where clang's libc++ has no std::auto_ptr another pointer
+  // stands for it: the type is no part of the symbol.
+#if defined(_LIBCPP_VERSION) && __cplusplus >= 201703L && \
+    !defined(_LIBCPP_ENABLE_CXX17_REMOVED_AUTO_PTR)
+  static std::unique_ptr<WindowBlankingChanges> m_sInstance;
+#else
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
-  static std::auto_ptr<WindowBlankingChanges> m_sInstance;  // deleted when the library is unloaded
+  static std::auto_ptr<WindowBlankingChanges> m_sInstance;
 #pragma GCC diagnostic pop
+#endif
 };
 
 }  // namespace analytics
