@@ -86,6 +86,13 @@ class EveryCommand(CommandTest):
             with self.subTest(content=content[:20]):
                 self.assert_refused_for_length("profile", "f")
 
+    def test_does_not_take_what_is_unfinished_for_too_long(self):
+        for content in ('<a b="c', "<a><!-- b", "<a><![CDATA[b", "<a><?b c", "<a><!-- b\0 -->"):
+            self.write("f", content)
+            with self.subTest(content=content):
+                self.assertIn("f:1: is not well-formed XML: ",
+                              self.run_command("profile", "f").stderr)
+
     def test_refuses_settings_that_are_longer_than_the_library_reads(self):
         self.write("f", f"<a><maxResource>5</maxResource>{' ' * 10_000_001}</a>")
         for arguments in (("settings", "f"), ("profile", EXAMPLES / "profile.xml", "--settings",
