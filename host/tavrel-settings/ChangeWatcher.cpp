@@ -1,6 +1,9 @@
 #include "host/tavrel-settings/ChangeWatcher.h"
 
+#include <thread>
 #include <utility>
+
+#include <unistd.h>
 
 #include "host/tavrel-settings/FileWatch.h"
 #include "host/tavrel-settings/Store.h"
@@ -17,18 +20,22 @@ struct ChangeWatcher::State {
   const std::string store;  // its name, which may lead elsewhere each time
   FileWatch watch;
   Subscriptions subscriptions;
+  std::thread thread;
 };
 
 ChangeWatcher::ChangeWatcher(TavrelSettingsClient* source, const std::string& store)
-    : m_state(std::make_shared<State>(source, store)), m_thread(&ChangeWatcher::Run, m_state) {}
+    : m_process(getpid()), m_state(std::make_shared<State>(source, store)) {
+  m_state->thread = std::thread(&ChangeWatcher::Run, m_state);
+}
 
 ChangeWatcher::~ChangeWatcher() {
+  if (getpid() != m_process) return;
   m_state->subscriptions.Clear();
   m_state->watch.Stop();
-  if (m_thread.get_id() == std::this_thread::get_id())
-    m_thread.detach();
+  if (m_state->thread.get_id() == std::this_thread::get_id())
+    m_state->thread.detach();
   else
-    m_thread.join();
+    m_state->thread.join();
 }
 
 void ChangeWatcher::Subscribe(IChangeCallback* callback, const std::string& pattern,

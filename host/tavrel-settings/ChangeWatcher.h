@@ -2,7 +2,8 @@
 
 #include <memory>
 #include <string>
-#include <thread>
+
+#include <sys/types.h>
 
 #include <tavrel/core/IniFile.h>
 
@@ -24,7 +25,8 @@ class ChangeWatcher {
   ChangeWatcher(TavrelSettingsClient* source, const std::string& store);
 
   /// Ends the thread, after a delivery that is in progress. If it is that delivery that destroys
-  /// the watcher, the thread ends by itself once the callback has returned.
+  /// the watcher, the thread ends by itself once the callback has returned. A child of `fork()` has
+  /// no such thread, and leaves all that the two share as it is.
   ~ChangeWatcher();
 
   ChangeWatcher(const ChangeWatcher&) = delete;
@@ -41,8 +43,8 @@ class ChangeWatcher {
   static bool Serve(State& state);
   static void Run(const std::shared_ptr<State>& state);
 
+  const pid_t m_process;                 // the one that has the thread
   const std::shared_ptr<State> m_state;  // the thread's too, which may outlive this object
-  std::thread m_thread;
 };
 
 }  // namespace settings
