@@ -21,4 +21,8 @@ constexpr bool kXmlOpensResolvedNames = !kIsXml215;
 /// is left out.
 constexpr bool kXmlEmptiesTextAtAmpersand = !kIsXml215;
 
+/// Whether a node's text is read with the entities of the document that is asked; else with those
+/// of its own.
+constexpr bool kXmlReadsWithEntitiesOfTheDocumentAsked = !kIsXml215;
+
 }  // namespace tests

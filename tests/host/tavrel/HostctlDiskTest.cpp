@@ -14,8 +14,11 @@ class HostctlOnAFullDisk : public tests::HostctlTest {
   /// Runs a shell in the disk, with the command as $HOSTCTL and a store.
   Result RunThere(const std::string& script) const {
     tests::Command command(
-        {"/usr/bin/env", "HOSTCTL=" TESTS_HOSTCTL, "TAVREL_SETTINGS=store.ini", "unshare", "-rm",
-         "sh", "-c",
+        {"/usr/bin/env", "HOSTCTL=" TESTS_HOSTCTL, "TAVREL_SETTINGS=store.ini", "sh", "-c",
+         "for option in -m -rm; do\n"
+         "  unshare $option true 2> /dev/null && exec unshare $option sh -c \"$0\"\n"
+         "done\n"
+         "exit 77",
          "mount -t tmpfs -o size=64k none " + m_directory.Path() + " && cd " + m_directory.Path() +
              " || exit 77\necho '[A]' > store.ini && : > store.ini.lock\n" + script});
     const int status = command.Wait();
