@@ -96,8 +96,15 @@ class ANALYTICS_API ProfileDoc : public Document {
   std::string GetSimpleItemValue(const std::string& name, DocumentNode* context,
                                  bool throughParameters = true);
 
+  /// Refused: an integer needs all four arguments, and `(name, 0, node)` must not ask for the text
+  /// at the root element with `node` as a truth value.
+  template <typename Node>
+  std::string GetSimpleItemValue(const std::string& name, DocumentNode* context,
+                                 Node* node) = delete;
+
   /// The same as an integer; the default if there is no such item or its value is empty or blank, 0
-  /// if the value starts with no number ("true").
+  /// if the value starts with no number ("true"). No argument has a default, so that 0 or `NULL` as
+  /// the second of two or three stays a context.
   int GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context,
                          bool throughParameters);
 
@@ -135,7 +142,8 @@ class ANALYTICS_API ProfileDoc : public Document {
   std::vector<std::string> ActiveRules();
 
   /// Appends the points that `xpath` selects to a list, which is not cleared; gives whether there
-  /// are any. A coordinate is 0 where its attribute, "x" or "y", is absent, empty or blank.
+  /// are any. A coordinate is 0 where its attribute, "x" or "y", is absent, empty or blank. What
+  /// was appended before an exception stays.
   bool GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                  DocumentNode* context = nullptr);
 

@@ -55,7 +55,17 @@ CALL(ItemWithDefaultNodeAndPath, GetSimpleItemValue("n", 5, node, true), Integer
 CALL(ItemWithZeroZeroAndPath, GetSimpleItemValue("n", 0, 0, true), Integer);
 CALL(ItemWithVariableNodeAndPath, GetSimpleItemValue("n", number, node, false), Integer);
 
-// A pointer is a truth value too: 0 is the context here, and whether there is a node the path.
-CALL(ItemWithZeroAndNode, GetSimpleItemValue("n", 0, node), Text);
+// A pointer is a truth value too, but nobody who gives a node in this place means one.
+CALL(ItemWithZeroAndNode, GetSimpleItemValue("n", 0, node), Refused);
+CALL(ItemWithNullAndNode, GetSimpleItemValue("n", NULL, node), Refused);
+CALL(ItemWithNullptrAndNode, GetSimpleItemValue("n", nullptr, node), Refused);
+CALL(ItemWithNodeAndNode, GetSimpleItemValue("n", node, node), Refused);
+CALL(ItemWithZeroAndText, GetSimpleItemValue("n", 0, "v"), Refused);
+CALL(ItemWithZeroAndNullptr, GetSimpleItemValue("n", 0, nullptr), Refused);
+// A number for the path is one as ever: only a pointer is refused there.
+CALL(ItemWithNodeAndZero, GetSimpleItemValue("n", node, 0), Text);
+CALL(ItemWithNodeAndNull, GetSimpleItemValue("n", node, NULL), Text);
+CALL(ItemWithNodeAndNumber, GetSimpleItemValue("n", node, number), Text);
+CALL(ItemWithZeroAndZero, GetSimpleItemValue("n", 0, 0), Text);
 
 }  // namespace analytics
