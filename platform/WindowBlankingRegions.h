@@ -14,8 +14,7 @@ constexpr char kWindowBlankingGroup[] = "Imaging/WindowBlanking";
 /// Brings a record of the active regions' colours up to date with the window-blanking groups of
 /// `settings`, where their state is one that changes it: `WindowBlankingChanges` has the table.
 ///
-/// @param groupCount  number of region groups when the settings were last on; kept while they are
-/// off
+/// @param groupCount  number of region groups when the settings were last seen switched on
 /// @param regions     the record
 void RefreshRegions(const tavrel::core::IniFile& settings, std::uint32_t& groupCount,
                     tagWindowBlankingRegions& regions);

@@ -24,15 +24,17 @@ struct Point;
 ///
 /// Errors: what cannot be read or evaluated, a closed document included, gives null, an empty list,
 /// an empty text or the caller's default; libxml2 reports a parse or expression error to standard
-/// error. Only `std::bad_alloc` and what the global locale throws while a number is read get out.
+/// error. What libxml2 has no memory for counts as absent: a file can be parsed with success and
+/// texts be empty. Only `std::bad_alloc` and what the global locale throws while a number is read
+/// get out.
 ///
 /// Trust: entities multiply when a text is read; with libxml2 2.9.14 a file of 22 KB made
 /// `GetSingleValue()` answer with 40 MB after 11 s. `ParseFile()` and `SaveToFile()` may reach
-/// beyond files, see there. So parse files that are trusted or that `analytics-settingsctl check`
-/// passed, and prefer a libxml2 built without network. Entities and type declarations in other
-/// files are not read, unless the program has libxml2 do so.
+/// beyond files, see there. So parse only what is trusted, and prefer a libxml2 built without
+/// network: `analytics-settingsctl check` finds mistakes, not malice. Entities and type
+/// declarations in other files are not read, unless the program has libxml2 do so.
 ///
-/// Queries: of namespace prefixes only "xml" is bound, so a path with another one selects nothing;
+/// Queries: of namespace prefixes only "xml" is bound, so a path that uses another selects nothing;
 /// a derived document binds prefixes by overriding `CreateSearchContext()`. An expression that
 /// gives a number, a text or a truth value instead of nodes selects nothing. A value put into a
 /// path becomes part of the expression, which may then select, or delete, anything: refuse values
@@ -43,7 +45,8 @@ struct Point;
 /// Texts and numbers are as `DocumentNode` describes.
 ///
 /// Threads: one document is used by one thread at a time, queries included. Different documents are
-/// independent once one thread has parsed something, but for `DumpToString()`.
+/// independent once one thread has parsed something, but for `DumpToString()`; profiles also read
+/// the settings, see `ProfileDoc`.
 class ANALYTICS_API Document {
  public:
   /// Makes a closed document.
@@ -100,7 +103,7 @@ class ANALYTICS_API Document {
   /// of this document; empty if nothing is selected. A text node selected as such has no children,
   /// so "text()" reads as empty.
   ///
-  /// @param context  always to be given: two arguments ask for a text, three for an integer
+  /// @param context  has no default, so that 0 or `NULL` in its place is no integer's default
   std::string GetSingleValue(const std::string& path, DocumentNode* context);
 
   /// Texts of all nodes that `path` selects, in document order. Nodes with empty text are skipped,
@@ -116,7 +119,8 @@ class ANALYTICS_API Document {
   /// Text of the first node that `path` selects, as a floating number of single precision.
   ///
   /// @param defaultValue  the answer if nothing is selected or the text is empty or blank; rounded
-  ///                      to single precision too, so 0.1 comes back as 0.10000000149011612
+  ///                      to single precision too: 0.1 comes back as 0.10000000149011612, 1e300
+  ///                      as infinity
   double GetNumericValue(const std::string& path, double defaultValue,
                          DocumentNode* context = nullptr);
 

@@ -13,17 +13,18 @@ namespace analytics {
 /// closed, parsed again or destroyed, or once its node is freed, alone or with one above it. A
 /// handle whose pointer is null is an empty node.
 ///
-/// Errors: what is absent gives an empty text, the caller's default, null or no effect. Only
-/// `std::bad_alloc` and what the global locale throws while a number is read get out.
+/// Errors: what is absent gives an empty text, the caller's default, null or no effect. An edit
+/// that libxml2 has no memory for may be done in part. Only `std::bad_alloc` and what the global
+/// locale throws while a number is read get out.
 ///
 /// Threads: a handle is used by the thread that uses its document.
 ///
 /// Texts: names and texts are UTF-8 in whatever encoding the document is saved, end at their first
 /// NUL and are not checked. `Document::SaveToFile()` answers true for what does not come back: an
-/// invalid name ("bad name<") gives a document that does not parse again, as may a text of more
-/// than 10,000,000 bytes or more than 256 levels of elements. So does a text that is not UTF-8
-/// ("\xff") or holds a character that XML forbids ("\x01"), unless it is changed, cut or lost: see
-/// `text::IsXmlText()` of Text.h.
+/// invalid name ("bad name<", or one that starts with a NUL) gives a document that does not parse
+/// again, as may a text of more than 10,000,000 bytes or more than 256 levels of elements. So does
+/// a text that is not UTF-8 ("\xff") or holds a character that XML forbids ("\x01"), unless it is
+/// changed, cut or lost: see `text::IsXmlText()` of Text.h.
 ///
 /// Numbers are read with the standard streams under the global locale, groups of digits included.
 /// Integers are written in plain decimal, whatever the locale.

@@ -9,8 +9,8 @@ namespace analytics {
 /// Ownership: an object holds nothing; every operation opens its own connection to the platform's
 /// settings service and closes it again.
 ///
-/// Errors: what the platform throws reaches the caller, with the connection closed. An exception
-/// out of the platform's mutex ends the process through the unexpected-exception handler.
+/// Errors: `std::bad_alloc` and what the platform throws get out, with the connection closed. An
+/// exception out of the platform's mutex ends the process through the unexpected-exception handler.
 ///
 /// Threads: any. Calls may overlap; which of two overlapping claims comes last is not determined.
 class ANALYTICS_API ResourceUsageServer {
@@ -24,7 +24,7 @@ class ANALYTICS_API ResourceUsageServer {
   /// Claims units for the analytics; a claim that the platform accepts replaces the previous one.
   ///
   /// @param count  number of units, passed on as it is, also if it is negative
-  /// @return 1, also where the platform has refused the claim: nothing here tells
+  /// @return 1, also where the platform has refused the claim: nothing here reports it
   int ReserveResources(int count);
 };
 

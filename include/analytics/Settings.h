@@ -18,7 +18,7 @@ namespace analytics {
 /// Trust: each expansion runs the commands in the variable and waits for them, even if it then
 /// fails, so whoever sets the environment must be trusted. So must the path and the file: libxml2
 /// opens more than files and multiplies entities (see `Document`), and the settings become part of
-/// profile queries (see `ProfileDoc`). `analytics-settingsctl check` finds mistakes, not malice.
+/// profile queries (see `ProfileDoc`).
 ///
 /// Loading: the first operation (the next one, if it throws) loads that file, well-formed or not;
 /// later only `LoadSettings` loads. Until a file has been parsed every setting has its built-in

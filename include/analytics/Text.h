@@ -75,9 +75,10 @@ inline bool IsXmlText(const std::string& text) {
 ///
 ///     node.SetValue(analytics::text::ElementText("R&D <\r\n"));  // GetValue() gives "R&D <\r\n"
 ///
-/// If `IsXmlText(text)`, the element gives the text back byte for byte, also after saving or
-/// dumping and parsing again, which may refuse a text of more than 10,000,000 bytes. Not for
-/// `SetProperty` and for the `SetValue` of a text node: they take a text as it is.
+/// If `IsXmlText(text)`, the element gives the text back byte for byte, also after a document in
+/// UTF-8 was saved or dumped and parsed again, which may refuse a text of more than 10,000,000
+/// bytes. Other encodings can change characters, and a dump cuts UTF-16. Not for `SetProperty` and
+/// for the `SetValue` of a text node: they take a text as it is.
 inline std::string ElementText(const std::string& text) {
   std::string escaped;
   escaped.reserve(text.size());

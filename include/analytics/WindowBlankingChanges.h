@@ -2,7 +2,7 @@
 
 #include <stdint.h>  // NOLINT(modernize-deprecated-headers): C programs read this header too
 
-/// Colour of one active window-blanking region, BT.601 limited range.
+/// Colour of one active window-blanking region, BT.601 limited range where the library gives it.
 struct tagWindowBlankingRegion {
   int32_t y;  ///< luma, 16 to 235
   int32_t u;  ///< blue-difference chroma Cb, 16 to 240
@@ -46,13 +46,13 @@ namespace analytics {
 /// from 1, and the first missing number ends them; one is active if it has a name other than
 /// "Empty".
 ///
-/// | The camera's settings                                | Record after a change            |
+/// | The camera's settings                                | Record after a change or `Start` |
 /// |------------------------------------------------------|----------------------------------|
 /// | switched on, region 1 exists, 0 to 31 regions active | the active regions               |
 /// | switched on, all 32 regions active                   | as before: old count and colours |
 /// | switched on, region 1 does not exist                 | as before: old count and colours |
-/// | off, region 1 existed when last switched on          | count 0                          |
-/// | off, region 1 did not exist when last switched on    | as before: old count and colours |
+/// | off, region 1 existed when last seen switched on     | count 0                          |
+/// | off, region 1 did not exist then, or never on        | as before: old count and colours |
 ///
 /// At first the count is 0. From `Stop()` to the next `Start()` the record stays.
 ///
@@ -67,10 +67,11 @@ namespace analytics {
 /// from a subscriber, waiting in one for the thread that exits or unloads, any call from then on.
 ///
 /// Errors: what the platform throws reaches the caller of `Instance`, `Start` and `Stop`, what a
-/// subscriber throws that of `Subscribe` and `SetConfiguration`. Within a change nothing gets out:
-/// one that cannot be merged reaches nobody, unreadable regions leave the record as far as it got,
-/// perhaps also when switched off next, and a subscriber that throws ends the round. An exception
-/// out of the platform's mutex ends the process through the unexpected-exception handler.
+/// subscriber throws that of `Subscribe` and `SetConfiguration`; `std::bad_alloc` too. Within a
+/// change nothing gets out: one that cannot be merged reaches nobody, unreadable regions leave the
+/// record as far as it got, perhaps also when switched off next, and a subscriber that throws ends
+/// the round. An exception out of the platform's mutex ends the process through the
+/// unexpected-exception handler.
 ///
 /// Threads: any, once `Instance()` has returned for the first time, which must happen before
 /// several threads can reach it. Subscribers are called under the lock of all other operations, on

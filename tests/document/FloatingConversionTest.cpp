@@ -129,6 +129,12 @@ TEST_P(AReaderOfFloats, RoundsTheDefaultToSinglePrecisionToo) {
   EXPECT_EQ(-16777216.0, GetParam().read(" ", -16777217.0));
 }
 
+TEST_P(AReaderOfFloats, GivesAGreaterDefaultAsInfinity) {
+  const double infinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(infinity, GetParam().read("", 1e300));
+  EXPECT_EQ(-infinity, GetParam().read(" ", -kDoubleMax));
+}
+
 TEST_P(AReaderOfFloats, KeepsTheSignOfZero) { EXPECT_TRUE(std::signbit(GetParam().read("-0", 1))); }
 
 INSTANTIATE_TEST_SUITE_P(Readers, AReaderOfFloats, testing::ValuesIn(kFloatReaders),

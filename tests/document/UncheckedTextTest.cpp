@@ -43,7 +43,8 @@ TEST_P(AnInvalidName, OfAnElementGivesADocumentThatDoesNotParseAgain) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Names, AnInvalidName,
-                         testing::Values("bad name<", "1a", "-", "<", "a=", "\xFF", "a\x01"));
+                         testing::Values("bad name<", "1a", "-", "<", "a=", "\xFF", "a\x01",
+                                         std::string("\0a", 2)));
 
 /// A text that is not UTF-8 or holds a character that XML forbids, in a document of an encoding.
 class AnInvalidText : public testing::TestWithParam<std::tuple<std::string, std::string>> {
