@@ -36,7 +36,7 @@ class ATagThatQueriesFailWith(CausesTest):
             with self.subTest(name=name):
                 found = self.found_with((f"<{name}>{name}<", f"<{name}>r:x<"))
                 self.assertEqual([check for check, _ in found], ["unusable-prefix"])
-                self.assertIn(f"<tags><{name}> to 'r:x', which is no XML name", found[0][1])
+                self.assertIn(f"<tags><{name}> to 'r:x', which is not a valid XML name", found[0][1])
 
     def test_names_its_own_queries_only(self):
         message = self.found_with(("<rule>rule<", "<rule>r:x<"))[0][1]
@@ -66,12 +66,12 @@ class APrefixThatQueriesFailWith(CausesTest):
     def test_of_onvif_is_the_only_finding(self):
         self.assertEqual(self.found_with(("<prefix>tt<", "<prefix>1x<")), [
             ("unusable-prefix", "queries for rules and engines fail: a.ini sets "
-             "<namespaces><onvif><prefix> to '1x', which is no XML name")])
+             "<namespaces><onvif><prefix> to '1x', which is not a valid XML name")])
 
     def test_of_the_vendor_is_the_only_finding(self):
         self.assertEqual(self.found_with(("<prefix>ka<", "<prefix>1x<")), [
             ("unusable-prefix", "queries for event sinks fail: a.ini sets "
-             "<namespaces><kestal><prefix> to '1x', which is no XML name")])
+             "<namespaces><kestal><prefix> to '1x', which is not a valid XML name")])
 
     def test_may_be_taken_by_the_vendor(self):
         self.assertIn("<onvif><prefix> to 'ka', which is the vendor's prefix too",

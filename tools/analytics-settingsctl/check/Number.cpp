@@ -23,7 +23,7 @@ std::string NumberProblem(NumberForm form) {
     case NumberForm::kBlank:
       return "is empty";
     case NumberForm::kTrailing:
-      return "has text behind its number";
+      return "has text after its number";
     case NumberForm::kOutOfRange:
       return "is out of range";
     case NumberForm::kNone:

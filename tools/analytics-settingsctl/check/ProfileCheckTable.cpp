@@ -56,7 +56,7 @@ const std::vector<Check> kTable = {
      "Write 1 for an active rule, 0 for an inactive one.",
      R"(<tt:SimpleItem Name="Active" Value="true"/>)"},
     {"item-trailing-text", "profile", Severity::kWarning,
-     "an item has text behind its number, but is a plain number elsewhere in the file",
+     "an item has text after its number, but is a plain number elsewhere in the file",
      "Write the number alone: no unit, no fraction.",
      R"(<tt:SimpleItem Name="Delay" Value="30 s"/>)"},
     {"item-out-of-range", "profile", Severity::kWarning,

@@ -55,7 +55,7 @@ void AddNameFault(const std::string& path, const std::string& name, Faults& faul
   if (name.empty()) {
     faults.push_back({path, "leaves", "empty"});
   } else if (!IsXmlName(name)) {
-    faults.push_back({path, "sets", "to " + Quoted(name) + ", which is no XML name"});
+    faults.push_back({path, "sets", "to " + Quoted(name) + ", which is not a valid XML name"});
   }
 }
 

@@ -78,7 +78,8 @@ void CheckName(const ReadSetting& read) {
                                  "nothing");
   }
   if (xmlValidateNCName(reinterpret_cast<const xmlChar*>(name.c_str()), 0) == 0) return;
-  read.Add("invalid-name", Quoted(name) + " is no XML name without colon, so queries with it fail");
+  read.Add("invalid-name",
+           Quoted(name) + " is not a valid XML name without a colon, so queries with it fail");
 }
 
 void CheckSlash(const ReadSetting& read) {

@@ -12,8 +12,8 @@ const std::vector<Check> kTable = {
      "a tag, prefix or namespace is empty or missing, so profile queries with it find nothing",
      "Write the name that the profiles use, or the built-in one.", "<tags><rule></rule></tags>"},
     {"invalid-name", "settings", Severity::kError,
-     "a tag or prefix is no XML name without colon, or is XML's own prefix, so queries with it "
-     "fail",
+     "a tag or prefix is not a valid XML name without a colon, or is XML's own prefix, so queries "
+     "with it fail",
      "Write the name alone, and not xml: the prefix of a tag has its own setting.",
      "<tags><rule>tt:rule</rule></tags>"},
     {"shared-prefix", "settings", Severity::kError,
