@@ -8,7 +8,8 @@ namespace analytics {
 
 /// Converts a colour to luma and chroma: BT.601 in its integer form, limited range.
 ///
-/// The shift rounds towards minus infinity, as products that compare records byte by byte expect.
+/// Deliberate: a shift, which takes negative sums down where a division would take them up. Kept
+/// for compatibility: installed runtimes see it.
 ///
 /// @param r  red, 0 to 255; green and blue likewise
 inline tagWindowBlankingRegion YuvFromRgb(std::int32_t r, std::int32_t g, std::int32_t b) {

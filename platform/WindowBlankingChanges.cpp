@@ -138,7 +138,7 @@ void WindowBlankingChangesImpl::SetConfiguration(const tagWindowBlankingRegions&
 void WindowBlankingChangesImpl::TryRefresh() {
   try {
     RefreshRegions(m_settings, m_groupCount, m_regions);
-  } catch (...) {  // protects subscribers: those of a started subscription are told in any case
+  } catch (...) {  // protects subscribers: those of a started subscription are called in any case
   }
 }
 
@@ -167,7 +167,8 @@ WindowBlankingChanges::WindowBlankingChanges() = default;
 WindowBlankingChanges::~WindowBlankingChanges() = default;
 
 WindowBlankingChanges* WindowBlankingChanges::Instance() {
-  // Deliberate: no lock. The first call has to be made before several threads can reach this.
+  // Deliberate: no lock, so the first call has to be made before several threads can reach this.
+  // Kept for compatibility: installed platforms see no call of a mutex here.
   if (!m_sInstance.get()) {
     s_pImpl = std::make_unique<WindowBlankingChangesImpl>();
     m_sInstance.reset(new WindowBlankingChanges);
