@@ -7,7 +7,7 @@ namespace settings {
 
 class TavrelSettingsClient;
 
-/// Is told of changes of settings.
+/// Receives changes of settings.
 class IChangeCallback {
  public:
   virtual ~IChangeCallback();

@@ -34,8 +34,7 @@ class ResourceReserver {
   ///
   /// @param units  the new claim as a whole, not an increment; 0 gives all back
   /// @return false, with nothing changed, for a negative number, and for a claim that is larger
-  /// than
-  ///         the present one and would exceed the capacity together with those of the others
+  ///         than the present one and would exceed the capacity together with those of the others
   bool TrySetUsage(int units);
 
  private:

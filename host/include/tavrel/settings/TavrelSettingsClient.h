@@ -46,13 +46,13 @@ class TavrelSettingsClient {
   /// Afterwards `out` marks nothing as removed.
   void GetSettings(const std::string& pattern, core::IniFile& out) const;
 
-  /// From now on tells `callback` of each change of groups that match `pattern`: of what differs
+  /// From now on reports each change of groups that match `pattern` to `callback`: what differs
   /// from what `GetSettings` last gave for that pattern or, without that, from the store as it is
   /// now. Links and directories on the way to the store may change as well; nothing is created.
   ///
   /// A file that is moved into the store's place is read at once. One that is written in place is
   /// read once it has been left alone for 0.1 s, or after 2 s; one that is gone counts as removed
-  /// after 0.3 s. Changes that follow each other closely may be told as one.
+  /// after 0.3 s. Changes that follow each other closely may be reported as one.
   ///
   /// @param callback  what it throws is swallowed
   void Subscribe(IChangeCallback* callback, const std::string& pattern);
