@@ -70,8 +70,9 @@ class ANALYTICS_API DocumentNode {
   /// Replaces all children, elements too, by a text; handles to them dangle. An empty text leaves
   /// no children.
   ///
-  /// A text node, a comment and an instruction take the text as it is, the document node takes
-  /// none. Elements and attributes have libxml2 interpret references in it:
+  /// The document node takes none. A text node, a comment and an instruction take the text as it
+  /// is; "-->" in a comment and "?>" in an instruction end it in a saved document, where the rest
+  /// becomes markup. Elements and attributes have libxml2 interpret references in it:
   ///
   /// | Given                      | The element's text                                 |
   /// |----------------------------|----------------------------------------------------|
@@ -144,7 +145,8 @@ class ANALYTICS_API DocumentNode {
   ///                by its plain name meanwhile.
   /// @param prefix  prefix of a new declaration; empty declares a default namespace. One that this
   ///                node already declares is refused, and so is any on a node that is no element;
-  ///                the node is then in no namespace.
+  ///                the node is then in no namespace. A saved document may not give back "xml" and
+  ///                "xmlns", or a prefix without a URI.
   void SetNs(const std::string& href, const std::string& prefix);
 
   /// Declares within this subtree each namespace it uses that is not declared in or above it.

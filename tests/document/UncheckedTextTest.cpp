@@ -1,5 +1,6 @@
 #include <string>
 #include <tuple>
+#include <utility>
 
 #include <gmock/gmock.h>
 
@@ -11,6 +12,8 @@ namespace analytics {
 namespace {
 
 using testing::AnyOf;
+using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// Whether a document parses again after it was saved with success.
 bool SavesAndParses(Document& document, Document& again) {
@@ -120,6 +123,35 @@ TEST_F(AnUndeclaredEntity, OfANewChildGivesADocumentThatDoesNotParseAgain) {
   EXPECT_EQ("xz", child->GetValue());
   EXPECT_FALSE(SavesAndParses(m_document));
 }
+
+/// A comment or an instruction, and a text that ends it and goes on with an element.
+class ANodeThatItsTextEnds : public testing::TestWithParam<std::pair<const char*, const char*>> {};
+
+TEST_P(ANodeThatItsTextEnds, HasTheRestBecomeMarkupInASavedDocument) {
+  ParsedDocument document("<r><!--former--><?former text?></r>");
+  NodeAt(document, GetParam().first).SetValue(GetParam().second);
+  EXPECT_THAT(Dumps(document, "//x"), IsEmpty());
+  Document again;
+  ASSERT_TRUE(SavesAndParses(document, again));
+  EXPECT_THAT(Dumps(again, "/r/x"), ElementsAre("<x/>"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Nodes, ANodeThatItsTextEnds,
+                         testing::Values(std::make_pair("comment()", "--><x/><!--"),
+                                         std::make_pair("processing-instruction()", "?><x/><?y ")));
+
+/// A prefix that XML keeps for itself.
+class AReservedPrefix : public testing::TestWithParam<const char*> {};
+
+TEST_P(AReservedPrefix, DoesNotComeBackWithANamespaceOfTheCallers) {
+  ParsedDocument document("<r/>");
+  NodeAt(document, "/r").SetNs("urn:u", GetParam());
+  Document again;
+  SavesAndParses(document, again);
+  EXPECT_THAT(Dumps(again, "//*[namespace-uri()='urn:u']"), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Prefixes, AReservedPrefix, testing::Values("xml", "xmlns"));
 
 /// What libxml2 writes, but does not read.
 class BeyondTheLimitsOfAParser : public testing::Test {
