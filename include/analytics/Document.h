@@ -99,8 +99,9 @@ class ANALYTICS_API Document {
   /// @return new nodes, each of which the caller deletes
   std::vector<DocumentNode*> SelectNodes(const std::string& path, DocumentNode* context = nullptr);
 
-  /// Text of the first node that `path` selects, see `DocumentNode::GetValue()`, with the entities
-  /// of this document; empty if nothing is selected. A text node selected as such has no children,
+  /// Text of the first node that `path` selects, see `DocumentNode::GetValue()`; empty if nothing
+  /// is selected. Entities are those of this document, also for a node of another one: what it
+  /// declares and never refers to may then be empty. A text node selected as such has no children,
   /// so "text()" reads as empty.
   ///
   /// @param context  has no default, so that 0 or `NULL` in its place is no integer's default
