@@ -1,6 +1,8 @@
 #include "files/AbandonedFiles.h"
 
+#include <climits>
 #include <cstddef>
+#include <functional>
 #include <memory>
 
 #include <dirent.h>
@@ -20,11 +22,18 @@ bool IsReplacement(const std::string& path, const std::string& prefix) {
          path.find_first_not_of("0123456789-", prefix.size()) == std::string::npos;
 }
 
+/// Stands for a file's name where that is too long for more to be added to it.
+std::string ShortName(const std::string& name) {
+  constexpr std::size_t kLongest = NAME_MAX - sizeof "..new-1234567-1234567890";
+  if (name.size() <= kLongest) return name;
+  const std::string hash = std::to_string(std::hash<std::string>()(name));
+  return name.substr(0, kLongest - hash.size()) + hash;
+}
+
 }  // namespace
 
 std::string ReplacementPrefix(const std::string& path) {
-  const std::string name = path.substr(path.rfind('/') + 1);
-  return DirectoryOf(path) + "/." + name + ".new-";
+  return DirectoryOf(path) + "/." + ShortName(path.substr(path.rfind('/') + 1)) + ".new-";
 }
 
 void RemoveAbandonedFiles(const std::string& path) {

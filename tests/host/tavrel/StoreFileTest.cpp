@@ -1,3 +1,4 @@
+#include <climits>
 #include <cstdlib>
 #include <filesystem>
 #include <stdexcept>
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 
 using testing::AllOf;
 using testing::HasSubstr;
+using testing::SizeIs;
 using testing::ThrowsMessage;
 
 class TheFile : public tests::StoreTest {
@@ -30,6 +32,15 @@ TEST_F(TheFile, IsReplacedAsAWholeByAWrite) {
   Set("A", "x", "2");
   EXPECT_EQ("[A]\nx=2\n", Text());
   EXPECT_EQ("[A]\nx=1\n", tests::FileText(Below("as-it-was.ini")));
+}
+
+TEST_F(TheFile, MayHaveAsLongANameAsLeavesRoomForThatOfTheLock) {
+  const std::string name(NAME_MAX - sizeof "lock", 'n');
+  setenv("TAVREL_SETTINGS", Below(name).c_str(), 1);
+  m_directory.Write("." + name.substr(0, 200) + ".new-12-0", "");  // of another file
+  Set("A", "x", "2");
+  EXPECT_EQ("[A]\nx=2\n", tests::FileText(Below(name)));
+  EXPECT_THAT(Names(), SizeIs(3));
 }
 
 TEST_F(TheFile, MayBeNamedByALink) {
