@@ -60,8 +60,9 @@ void SyncDirectoryOf(const std::string& path) {
 Replacement::Replacement(std::string path)
     : m_path(std::move(path)), m_old(RightsOf(m_path)), m_file(MakeFile()) {}
 
-// Nothing has that name any more once it took its place.
-Replacement::~Replacement() { unlink(m_newPath.c_str()); }
+Replacement::~Replacement() {
+  if (!m_newPath.empty()) unlink(m_newPath.c_str());
+}
 
 void Replacement::Write(const std::string& text) {
   if (m_old.areThere) TakeRights();
@@ -71,6 +72,7 @@ void Replacement::Write(const std::string& text) {
 
 void Replacement::TakePlace() {
   Checked(std::rename(m_newPath.c_str(), m_path.c_str()), kCannotWrite, m_path);
+  m_newPath.clear();  // a process elsewhere, with the same number, may have that name from now on
   SyncDirectoryOf(m_path);
 }
 

@@ -2,6 +2,7 @@
 #include <csignal>
 #include <cstddef>
 #include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 
@@ -99,6 +100,20 @@ TEST_F(AWrite, TakesAnotherNameThanWhatIsThere) {
   fs::create_directory(s_name.substr(0, dash) + std::to_string(next));
   Set("A", "x", "2");
   EXPECT_EQ(kAfter, Text());
+}
+
+TEST_F(AWrite, LeavesToOthersTheNameThatItNeedsNoMore) {
+  static std::string s_name;
+  s_name.clear();
+  s_sync = [](int file) {
+    if (s_name.empty())
+      s_name = fs::read_symlink("/proc/self/fd/" + std::to_string(file));
+    else
+      std::ofstream(s_name).put('x');  // as another machine's or container's process
+    return 0;
+  };
+  Set("A", "x", "2");
+  EXPECT_EQ("x", tests::FileText(s_name));
 }
 
 TEST_F(AWrite, BeyondTheLimitOfFileSizesLeavesNothing) {
