@@ -57,6 +57,15 @@ void SyncDirectoryOf(const std::string& path) {
 
 }  // namespace
 
+void GiveTo(uid_t owner, gid_t group, const FileDescriptor& file, const std::string& path) {
+  struct stat made = {};
+  Checked(fstat(file.Get(), &made), kCannotWrite, path);
+  const bool isSame = made.st_uid == owner && made.st_gid == group;
+  if (isSame || fchown(file.Get(), owner, group) == 0) return;
+  throw OwnershipError("cannot write " + path +
+                       ": its owner or group would change; write it as its owner or as root");
+}
+
 Replacement::Replacement(std::string path)
     : m_path(std::move(path)), m_old(RightsOf(m_path)), m_file(MakeFile()) {}
 
@@ -100,18 +109,9 @@ FileDescriptor Replacement::MakeFile() {
 }
 
 void Replacement::TakeRights() const {
-  TakeOwner();
+  GiveTo(m_old.owner, m_old.group, m_file, m_path);
   Checked(fchmod(m_file.Get(), m_old.permissions), kCannotWrite, m_path);
   TakeAccessList();
-}
-
-void Replacement::TakeOwner() const {
-  struct stat made = {};
-  Checked(fstat(m_file.Get(), &made), kCannotWrite, m_path);
-  const bool isSame = made.st_uid == m_old.owner && made.st_gid == m_old.group;
-  if (isSame || fchown(m_file.Get(), m_old.owner, m_old.group) == 0) return;
-  throw OwnershipError("cannot write " + m_path +
-                       ": its owner or group would change; write it as its owner or as root");
 }
 
 /// Without the old file's list its permissions alone would mean other rights; and the directory may

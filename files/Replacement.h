@@ -16,6 +16,11 @@ class OwnershipError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// Gives a new file the owner and the group of the file at `path`.
+///
+/// Errors: an `OwnershipError` if the caller may not do so.
+void GiveTo(uid_t owner, gid_t group, const FileDescriptor& file, const std::string& path);
+
 /// What is to take the place of a file: a new file beside it, removed at the end of its scope
 /// unless it took that place.
 ///
@@ -37,6 +42,9 @@ class Replacement {
   Replacement(const Replacement&) = delete;
   Replacement& operator=(const Replacement&) = delete;
 
+  /// Refuses what the constructor refuses, and makes nothing.
+  static void CheckMayReplace(const std::string& path) { RightsOf(path); }
+
   /// Writes the whole text, and has it on the disk.
   void Write(const std::string& text);
 
@@ -54,7 +62,6 @@ class Replacement {
   static Rights RightsOf(const std::string& path);
   FileDescriptor MakeFile();
   void TakeRights() const;
-  void TakeOwner() const;
   void TakeAccessList() const;
 
   const std::string m_path;

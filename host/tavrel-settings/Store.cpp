@@ -1,5 +1,6 @@
 #include "host/tavrel-settings/Store.h"
 
+#include <chrono>
 #include <cstddef>
 #include <stdexcept>
 
@@ -23,6 +24,9 @@ namespace settings {
 namespace {
 
 using core::IniFile;
+using std::chrono::steady_clock;
+
+constexpr auto kLongestEdit = std::chrono::seconds(5);
 
 void CheckHoldable(const std::string& group, const std::string& key, const std::string& value) {
   if (!IsHoldable(group, key, value))
@@ -75,16 +79,18 @@ void Store::Inspect(const std::function<void(const IniFile&)>& use) const {
 
 void Store::Edit(const std::function<void(IniFile&)>& edit) const {
   Read();  // a malformed store is reported without others having to wait for that
+  files::Replacement::CheckMayReplace(m_path);  // who may not write makes no lock either
   CreatedDirectory();
-  for (;;) {
-    const WriteLock lock(m_path);
-    files::RemoveAbandonedFiles(m_path);
-    if (TryEdit(edit, lock)) return;
-  }
+  const auto end = steady_clock::now() + kLongestEdit;
+  while (!TryEdit(edit))
+    if (steady_clock::now() > end)
+      throw std::runtime_error("cannot write " + m_path + ": other programs keep changing it");
 }
 
 /// @return false if the store was changed meanwhile, so that the edit is to be made again
-bool Store::TryEdit(const std::function<void(IniFile&)>& edit, const WriteLock& lock) const {
+bool Store::TryEdit(const std::function<void(IniFile&)>& edit) const {
+  const WriteLock lock(m_path);
+  files::RemoveAbandonedFiles(m_path);
   const std::string text = Text();
   const IniFile before = ParsedStore(text, m_path);
   IniFile after = before;

@@ -51,15 +51,15 @@ class Store {
   /// A group, key or value that would not come back from the file as it is, such as one with a line
   /// break, is refused with `std::invalid_argument` before anything is written.
   ///
-  /// Errors: also a file that the caller may not write, or that nobody may, a file that would
-  /// change its owner or group, and a lock that another program holds for more than five seconds.
-  /// The file then is as it was.
+  /// Errors: also a file that the caller may not write, or that nobody may, even if nothing would
+  /// change, a file that would change its owner or group, one that others keep changing for five
+  /// seconds, and a lock that another program holds that long. The file then is as it was.
   void Edit(const std::function<void(core::IniFile&)>& edit) const;
 
  private:
   std::string Directory() const;
   std::string Text() const;
-  bool TryEdit(const std::function<void(core::IniFile&)>& edit, const WriteLock& lock) const;
+  bool TryEdit(const std::function<void(core::IniFile&)>& edit) const;
   bool TryReplace(const std::string& before, const std::string& after, const WriteLock& lock) const;
 
   std::string m_path;

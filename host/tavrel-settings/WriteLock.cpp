@@ -8,6 +8,9 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
+
+#include "files/Replacement.h"
 
 namespace tavrel {
 namespace settings {
@@ -32,9 +35,10 @@ struct stat StateOf(const FileDescriptor& file, const std::string& path) {
   return state;
 }
 
-/// Whoever may write may open the lock, and nobody else.
+/// Whoever may write may open the lock, and nobody else; its owner, who can allow it to himself,
+/// too.
 mode_t LockPermissions(mode_t store) {
-  const mode_t writing = store & 0222U;
+  const mode_t writing = (store & 0222U) | 0200U;
   return writing | writing << 1U;
 }
 
@@ -44,31 +48,32 @@ bool IsOpenToOthers(const struct stat& lock, const struct stat& store) {
          (lock.st_mode & kPermissions & ~LockPermissions(store.st_mode)) != 0;
 }
 
-/// Gives a new lock the rights that go with its store. Where only root could do so, the lock is its
-/// maker's alone.
-void LimitRights(int lock, const struct stat& store) {
-  const bool isGiven = fchown(lock, store.st_uid, store.st_gid) == 0;
-  fchmod(lock, isGiven ? LockPermissions(store.st_mode) : 0600);
-}
-
-/// Opens a lock that is not there yet, if nobody else was faster. At no moment may it be opened by
-/// others than those who may write the store or, without one, who could write it once it is made.
-int Make(const std::string& path, const std::string& store) {
+/// Gives a new lock the rights that go with its store or, without one, with what its maker makes.
+/// Where that cannot be done the store cannot be written either; the lock would keep out its owner.
+void LimitRights(const FileDescriptor& lock, const std::string& path, const std::string& store) {
   struct stat state = {};
-  const bool hasStore = stat(store.c_str(), &state) == 0;
-  const int made = open(path.c_str(), kOpening | O_CREAT | O_EXCL, hasStore ? 0600 : 0222);
-  if (made == -1) return made;
-  if (!hasStore) fstat(made, &state);
-  LimitRights(made, state);
-  return made;
+  if (stat(store.c_str(), &state) != 0) state = StateOf(lock, path);
+  try {
+    files::GiveTo(state.st_uid, state.st_gid, lock, store);
+  } catch (const files::OwnershipError&) {
+    unlink(path.c_str());
+    throw;
+  }
+  fchmod(lock.Get(), LockPermissions(state.st_mode));
 }
 
+/// Opens the lock, or makes it. At no moment may a new one be opened by others than those who may
+/// write the store or, without one, who could write it once it is made.
 LockFile Opened(const std::string& path, const std::string& store) {
   for (;;) {
     const int found = open(path.c_str(), kOpening);
     if (found != -1 || errno != ENOENT) return {{found, "cannot open", path}, false};
-    const int made = Make(path, store);
-    if (made != -1 || errno != EEXIST) return {{made, "cannot create", path}, true};
+    const bool hasStore = access(store.c_str(), F_OK) == 0;
+    const int made = open(path.c_str(), kOpening | O_CREAT | O_EXCL, hasStore ? 0600 : 0222);
+    if (made == -1 && errno == EEXIST) continue;  // somebody else was faster
+    LockFile lock = {{made, "cannot create", path}, true};
+    LimitRights(lock.descriptor, path, store);
+    return lock;
   }
 }
 

@@ -16,6 +16,9 @@ class WriteLock {
  public:
   /// Waits for the other writers, at most five seconds; then a `std::runtime_error` says so.
   ///
+  /// Errors: also an `OwnershipError` where the lock, and so the store, could not be given to the
+  /// store's owner.
+  ///
   /// @param store  path of the store, whose directory exists
   explicit WriteLock(const std::string& store);
   ~WriteLock();

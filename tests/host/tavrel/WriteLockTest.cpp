@@ -102,9 +102,10 @@ struct Rights {
 
 void PrintTo(const Rights& row, std::ostream* out) { *out << row.name; }
 
-const Rights kRights[] = {{"OfOne", 0600, 0600},    {"OfOneReadByAll", 0644, 0600},
-                          {"OfAGroup", 0660, 0660}, {"OfAGroupReadByAll", 0664, 0660},
-                          {"OfAll", 0666, 0666},    {"OfAProgram", 0755, 0600}};
+const Rights kRights[] = {{"OfOne", 0600, 0600},      {"OfOneReadByAll", 0644, 0600},
+                          {"OfAGroup", 0660, 0660},   {"OfAGroupReadByAll", 0664, 0660},
+                          {"OfAll", 0666, 0666},      {"OfAProgram", 0755, 0600},
+                          {"OfAllButOne", 0466, 0666}};
 
 class TheRightsOfTheLock : public TheLock, public testing::WithParamInterface<Rights> {};
 
@@ -143,16 +144,28 @@ TEST_F(TheLock, IsTheStoresOwners) {
   EXPECT_EQ(5678U, StateOf(LockPath()).st_gid);
 }
 
-TEST_F(TheLock, IsItsMakersAloneWhereOnlyRootCouldGiveItAway) {
+class AWriterWhoIsRefused : public TheLock, public testing::WithParamInterface<mode_t> {};
+
+TEST_P(AWriterWhoIsRefused, LeavesNoLockThatWouldKeepOutTheOwner) {
   if (geteuid() != 0) GTEST_SKIP() << "Only root may write as another user.";
-  fs::permissions(Path(), fs::perms(0666));
-  fs::permissions(m_directory.Path(), fs::perms(0777));
-  tests::InFreshProcess([] {
+  fs::permissions(Path(), fs::perms(GetParam()));
+  fs::permissions(m_directory.Path(), fs::perms(01777));
+  tests::InFreshProcess([this] {
     const tests::Unprivileged user;
     ASSERT_TRUE(user.IsReady());
-    EXPECT_THROW(Set("A", "x", "2"), std::runtime_error);
+    EXPECT_THAT([] { Set("A", "x", "2"); },
+                ThrowsMessage<std::runtime_error>(HasSubstr("cannot write " + Path() + ": ")));
   });
-  EXPECT_EQ(0600U, StateOf(LockPath()).st_mode & 07777U);
+  EXPECT_FALSE(fs::exists(LockPath()));
+}
+
+INSTANTIATE_TEST_SUITE_P(ToAStoreThatIsReadByAllOrWrittenByAll, AWriterWhoIsRefused,
+                         testing::Values(0644, 0666));
+
+TEST_F(TheLock, IsNotMadeForAStoreThatNobodyMayWrite) {
+  fs::permissions(Path(), fs::perms(0444));
+  EXPECT_THROW(Set("A", "x", "2"), std::runtime_error);
+  EXPECT_FALSE(fs::exists(LockPath()));
 }
 
 TEST_F(TheLock, IsUsedAsItIsWhereItCannotBeMadeAgain) {

@@ -17,6 +17,7 @@ namespace {
 using core::IniFile;
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::SizeIs;
 using testing::StartsWith;
@@ -98,6 +99,21 @@ TEST_F(AWriter, ReadsAgainWhatAnEditorPutInItsPlaceMeanwhile) {
     settings.SetValue("A", "y", "1");
   });
   EXPECT_EQ("[B]\n\n[A]\ny=1\n", Text());
+}
+
+TEST_F(AWriter, GivesUpWhereAnEditorNeverEnds) {
+  Write("[A]\nx=0\n");
+  int calls = 0;
+  EXPECT_THAT(
+      [&] {
+        Store().Edit([&](IniFile& settings) {
+          Write("[A]\nx=" + std::to_string(++calls) + "\n");
+          settings.SetValue("A", "y", "1");
+        });
+      },
+      ThrowsMessage<std::runtime_error>(AllOf(HasSubstr(Path()), HasSubstr("keep changing it"))));
+  EXPECT_GT(calls, 1);
+  EXPECT_EQ("[A]\nx=" + std::to_string(calls) + "\n", Text());
 }
 
 TEST_F(AWriter, RefusesWhatAnEditorBrokeMeanwhile) {
