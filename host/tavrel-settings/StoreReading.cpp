@@ -62,7 +62,8 @@ class LinesBefore {
   LinesBefore before;
   std::string problem;
   for (std::string line; problem.empty() && std::getline(lines, line); before.Add(line)) {
-    problem = LoadProblem(before.Headers() + line + "\n");
+    // The last one as it ends: before a line break GLib takes off a carriage return, else not.
+    problem = LoadProblem(before.Headers() + line + (lines.eof() ? "" : "\n"));
     ++number;
   }
   throw MalformedStore(path + ":" + std::to_string(number) + ": " + problem);

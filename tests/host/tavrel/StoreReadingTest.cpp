@@ -79,6 +79,7 @@ const Malformed kMalformed[] = {
     {"NeitherKeyNorGroup", "# first\n\n[A]\nx=1\nabc\ny=2\n", ":5: ", "abc"},
     {"TwoBadLines", "[A]\nfirst\nsecond\n", ":2: ", "first"},
     {"LastLineWithoutBreak", "[A]\nabc", ":2: ", "abc"},
+    {"GroupWithAReturnButNoBreak", "[A]\nx=1\n[B]\r", ":3: ", "[B]"},
     {"KeyBeforeTheFirstGroup", "# first\nx=1\n[A]\n", ":2: ", "group"},
     {"GroupThatIsNotClosed", "[A]\nx=1\n[B\n", ":3: ", "[B"},
     {"TextAfterAGroup", "[A] # first\n", ":1: ", "[A] # first"},
