@@ -1,4 +1,3 @@
-#include <csignal>
 #include <exception>
 #include <iostream>
 #include <stdexcept>
@@ -13,6 +12,7 @@
 #include "host/hostctl/ResourceTable.h"
 #include "host/tavrel-settings/Resource.h"
 #include "host/tavrel-settings/Store.h"
+#include "programs/EndSignals.h"
 
 namespace {
 
@@ -68,18 +68,8 @@ class ChangePrinter : public tavrel::settings::IChangeCallback {
   }
 };
 
-/// Blocks the signals that end the program, in this thread and those that it starts.
-sigset_t BlockedEndSignals() {
-  sigset_t signals;
-  sigemptyset(&signals);
-  sigaddset(&signals, SIGINT);
-  sigaddset(&signals, SIGTERM);
-  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  return signals;
-}
-
 void Watch(const Arguments& arguments) {
-  const sigset_t endSignals = BlockedEndSignals();
+  const programs::EndSignals endSignals;
   ChangePrinter printer;
   TavrelSettingsClient client(TavrelSettingsClient::kObserve);
   // What is got here is what changes are told against, so none is missed after the first line.
@@ -88,8 +78,7 @@ void Watch(const Arguments& arguments) {
   std::cout << std::unitbuf << "# Watching " << arguments.pattern << " in " << Store().Path()
             << "\n";
   client.Subscribe(&printer, arguments.pattern);
-  int signal = 0;
-  sigwait(&endSignals, &signal);
+  endSignals.Await();
 }
 
 void ShowResources() {

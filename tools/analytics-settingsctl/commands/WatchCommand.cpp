@@ -11,6 +11,7 @@
 #include "Commands.h"
 #include "output/Colours.h"
 #include "output/Json.h"
+#include "programs/EndSignals.h"
 
 namespace settingsctl {
 namespace {
@@ -70,24 +71,13 @@ int Print(void* context, int /*kind*/, void* data, int /*size*/) {
   return 0;
 }
 
-/// Blocks the signals that end the program, in this thread and those that it starts.
-sigset_t BlockedEndSignals() {
-  sigset_t signals;
-  sigemptyset(&signals);
-  sigaddset(&signals, SIGINT);
-  sigaddset(&signals, SIGTERM);
-  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-  return signals;
-}
-
 void Watch(Arguments& arguments) {
-  const sigset_t endSignals = BlockedEndSignals();
+  const programs::EndSignals endSignals;
   WindowBlankingChanges* const changes = WindowBlankingChanges::Instance();
   changes->Start();
   if (!arguments.asJson) std::cout << "Watching the privacy masks until Ctrl-C" << std::endl;
   changes->Subscribe(Print, &arguments);
-  int signal = 0;
-  sigwait(&endSignals, &signal);
+  endSignals.Await();
   changes->Stop();
   changes->Unsubscribe(Print, &arguments);
 }
