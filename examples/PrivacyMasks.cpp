@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
-#include <cstring>
 #include <string>
 
 #include <poll.h>
@@ -19,40 +17,17 @@ namespace {
 
 using analytics::WindowBlankingChanges;
 
-bool HasColours() {
-  const char* terminal = std::getenv("TERM");
-  return isatty(STDOUT_FILENO) != 0 && !std::getenv("NO_COLOR") && terminal &&
-         std::strcmp(terminal, "dumb") != 0;
-}
-
-// An 8-bit colour part as it is shown: BT.601 limited range back to full range, scaled by 256.
-std::string Part(int scaled) {
-  const int rounded = (scaled + 128) >> 8;
-  return std::to_string(std::min(std::max(rounded, 0), 255));
-}
-
-std::string Swatch(const tagWindowBlankingRegion& region) {
-  const int luma = 298 * (region.y - 16);
-  const int cb = region.u - 128;
-  const int cr = region.v - 128;
-  return "\033[48;2;" + Part(luma + 409 * cr) + ";" + Part(luma - 100 * cb - 208 * cr) + ";" +
-         Part(luma + 516 * cb) + "m    \033[0m ";
-}
-
 std::string Text(const tagWindowBlankingRegion& region) {
   return "Y " + std::to_string(region.y) + "  U " + std::to_string(region.u) + "  V " +
          std::to_string(region.v);
 }
 
 // The library calls this on the platform's thread with its lock held, so it prints and returns.
-int ShowRecord(void* context, int /*kind*/, void* data, int /*size*/) {
-  const bool hasColours = *static_cast<const bool*>(context);
+int ShowRecord(void* /*context*/, int /*kind*/, void* data, int /*size*/) {
   const auto& record = *static_cast<const tagWindowBlankingRegions*>(data);
   Line(1) << "masks: " << record.count << "\n";
   std::for_each(record.regions, record.regions + record.count,
-                [hasColours](const tagWindowBlankingRegion& region) {
-                  Line(2) << (hasColours ? Swatch(region) : "") << Text(region) << "\n";
-                });
+                [](const tagWindowBlankingRegion& region) { Line(2) << Text(region) << "\n"; });
   std::cout.flush();
   return 0;
 }
@@ -88,16 +63,15 @@ bool InputGoesOn(const sigset_t& waiting) {
 void WatchPrivacyMasks() {
   // Before the subscription, so that the platform's thread inherits the blocked signals.
   const sigset_t waiting = CatchSignals();
-  bool hasColours = HasColours();
   WindowBlankingChanges* changes = WindowBlankingChanges::Instance();
   changes->Start();
   Heading("Privacy masks, until the end of input or Ctrl-C");
   std::cout.flush();
-  changes->Subscribe(ShowRecord, &hasColours);
+  changes->Subscribe(ShowRecord, nullptr);
   while (s_stopped == 0 && InputGoesOn(waiting)) {
   }
   changes->Stop();
-  changes->Unsubscribe(ShowRecord, &hasColours);
+  changes->Unsubscribe(ShowRecord, nullptr);
   Line(1) << "subscription ended\n";
 }
 
