@@ -13,7 +13,6 @@ namespace analytics {
 namespace {
 
 using tests::IniFile;
-using tests::kBlue;
 using tests::kGreen;
 using tests::kRed;
 using tests::Switched;
@@ -52,7 +51,7 @@ std::vector<Row> Rows() {
   return {
       {"OnWithOneRegion", {Removed({2})}, {kRed}},
       {"OnWithAllRegionsEmpty", {SwitchedOn({tests::EmptyRegion(), tests::EmptyRegion()})}, {}},
-      {"OnWithAnotherColour", {SwitchedOn({tests::BlueRegion()})}, {kBlue, kGreen}},
+      {"OnWithAnotherColour", {SwitchedOn({tests::BlueRegion()})}, {tests::kBlue, kGreen}},
       {"OnWithAll32RegionsActive", {SwitchedOn(tests::ManyRegions(32))}, {kRed, kGreen}},
       {"OnWithoutTheFirstRegion", {Removed({1})}, {kRed, kGreen}},
       {"OnWithoutAnyRegion", {Removed({1, 2})}, {kRed, kGreen}},

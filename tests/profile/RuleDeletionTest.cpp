@@ -5,7 +5,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using tests::NodePtr;
 using tests::Properties;
 
 class ARuleDeletion : public tests::ProfileTest {
@@ -86,7 +85,7 @@ TEST_F(ARuleDeletion, IsDoneOnce) {
 
 TEST_F(ARuleDeletion, LeavesTheNodesOfOtherRulesUsable) {
   Parse("<tt:rule n='1' Type='A'/><tt:rule n='2' Type='B'/>");
-  const NodePtr other(m_profile.SelectRule("B"));
+  const tests::NodePtr other(m_profile.SelectRule("B"));
   EXPECT_EQ(1, m_profile.DeleteRules("A"));
   EXPECT_EQ("2", other->GetProperty("n"));
 }

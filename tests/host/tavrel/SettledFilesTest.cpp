@@ -19,7 +19,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using core::IniFile;
 using std::chrono::milliseconds;
 using testing::ElementsAre;
 using testing::IsEmpty;

@@ -16,7 +16,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-using testing::AllOf;
 using testing::HasSubstr;
 using testing::SizeIs;
 using testing::ThrowsMessage;
@@ -68,9 +67,7 @@ TEST_F(TheFile, IsReportedIfLinksLeadToEachOther) {
   fs::create_symlink("b.ini", Below("a.ini"));
   fs::create_symlink("a.ini", Below("b.ini"));
   setenv("TAVREL_SETTINGS", Below("a.ini").c_str(), 1);
-  EXPECT_THAT([] { Set("A", "x", "1"); },
-              ThrowsMessage<std::runtime_error>(
-                  AllOf(HasSubstr(Below("a.ini")), HasSubstr("symbolic links"))));
+  EXPECT_THAT([] { Set("A", "x", "1"); }, tests::FailsOn(Below("a.ini"), "symbolic links"));
 }
 
 TEST_F(TheFile, IsCreatedWithItsDirectories) {
@@ -119,9 +116,7 @@ TEST_F(TheFile, IsReportedAsUnknownWithoutVariables) {
 TEST_F(TheFile, IsReportedAndLeftAsItIsIfADirectoryIsInPlaceOfTheLock) {
   Write("[A]\nx=1\n");
   fs::create_directory(Below("store.ini.lock"));
-  EXPECT_THAT([] { Set("A", "x", "2"); },
-              ThrowsMessage<std::runtime_error>(
-                  AllOf(HasSubstr(Below("store.ini.lock")), HasSubstr("directory"))));
+  EXPECT_THAT([] { Set("A", "x", "2"); }, tests::FailsOn(Below("store.ini.lock"), "directory"));
   EXPECT_EQ("[A]\nx=1\n", Text());
 }
 
@@ -129,8 +124,7 @@ TEST_F(TheFile, IsReportedIfItsDirectoryCannotBeMade) {
   Write("");
   setenv("TAVREL_SETTINGS", (Path() + "/below/store.ini").c_str(), 1);
   EXPECT_THAT([] { Store().CreatedDirectory(); },
-              ThrowsMessage<std::runtime_error>(
-                  AllOf(HasSubstr(Path() + "/below"), HasSubstr("Not a directory"))));
+              tests::FailsOn(Path() + "/below", "Not a directory"));
 }
 
 TEST_F(TheFile, IsReportedIfItsDirectoryCannotBeWritten) {
@@ -139,8 +133,7 @@ TEST_F(TheFile, IsReportedIfItsDirectoryCannotBeWritten) {
   tests::InFreshProcess([this] {
     const tests::Unprivileged user;
     ASSERT_TRUE(user.IsReady());
-    EXPECT_THAT([] { Set("A", "x", "2"); }, ThrowsMessage<std::runtime_error>(
-                                                AllOf(HasSubstr(Path()), HasSubstr("Permission"))));
+    EXPECT_THAT([] { Set("A", "x", "2"); }, tests::FailsOn(Path(), "Permission"));
   });
   fs::permissions(m_directory.Path(), fs::perms(0700));
   EXPECT_EQ("[A]\nx=1\n", Text());

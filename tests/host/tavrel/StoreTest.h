@@ -3,15 +3,22 @@
 #include <cstdlib>
 #include <filesystem>
 #include <set>
+#include <stdexcept>
 #include <string>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 #include <tavrel/core/IniFile.h>
 
 #include "host/tavrel-settings/Store.h"
 #include "tests/support/TemporaryDirectory.h"
 
 namespace tests {
+
+/// Matches a call that fails with a message which names `path` and holds `reason`.
+inline auto FailsOn(const std::string& path, const std::string& reason) {
+  using testing::HasSubstr;
+  return testing::ThrowsMessage<std::runtime_error>(AllOf(HasSubstr(path), HasSubstr(reason)));
+}
 
 /// A store of its own for one test, which clients and child processes find by the environment. It
 /// does not exist until it is written.
