@@ -101,10 +101,9 @@ struct Rights {
 
 void PrintTo(const Rights& row, std::ostream* out) { *out << row.name; }
 
-const Rights kRights[] = {{"OfOne", 0600, 0600},      {"OfOneReadByAll", 0644, 0600},
-                          {"OfAGroup", 0660, 0660},   {"OfAGroupReadByAll", 0664, 0660},
-                          {"OfAll", 0666, 0666},      {"OfAProgram", 0755, 0600},
-                          {"OfAllButOne", 0466, 0666}};
+const Rights kRights[] = {{"OfOne", 0600, 0600},    {"OfOneReadByAll", 0644, 0600},
+                          {"OfAGroup", 0660, 0660}, {"OfAGroupReadByAll", 0664, 0660},
+                          {"OfAll", 0666, 0666},    {"OfAProgram", 0755, 0600}};
 
 class TheRightsOfTheLock : public TheLock, public testing::WithParamInterface<Rights> {};
 
@@ -131,6 +130,13 @@ TEST_F(TheLock, OfANewStoreIsForThoseWhoMayWriteIt) {
   Set("A", "x", "2");
   umask(mask);
   EXPECT_EQ(0664U, StateOf(Path()).st_mode & 07777U);
+  EXPECT_EQ(0660U, StateOf(LockPath()).st_mode & 07777U);
+}
+
+TEST_F(TheLock, CanBeOpenedByAnOwnerWhoMayAllowHimselfToWrite) {
+  if (geteuid() != 0) GTEST_SKIP() << "Only root may write without permission.";
+  fs::permissions(Path(), fs::perms(0464));
+  Set("A", "x", "2");
   EXPECT_EQ(0660U, StateOf(LockPath()).st_mode & 07777U);
 }
 
