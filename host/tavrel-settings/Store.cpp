@@ -6,6 +6,7 @@
 
 #include <glib.h>
 #include <glib/gstdio.h>
+#include <sys/stat.h>
 
 #include "files/AbandonedFiles.h"
 #include "files/Replacement.h"
@@ -53,11 +54,19 @@ void Located(const std::string& text, const std::string& path, const Work& work)
   }
 }
 
+/// What a store's name leads to. To what is no regular file it is not followed: links of /proc,
+/// such as those of a shell's <(...), lead to pipes, but their texts to nothing.
+std::string PathNamed(const std::string& name) {
+  struct stat status = {};
+  const bool isThere = stat(name.c_str(), &status) == 0;
+  return isThere && !S_ISREG(status.st_mode) ? name : FollowedPath(name);
+}
+
 }  // namespace
 
 Store::Store() : Store(NamedStore()) {}
 
-Store::Store(const std::string& name) : m_path(FollowedPath(name)) {}
+Store::Store(const std::string& name) : m_path(PathNamed(name)) {}
 
 std::string Store::FileName() const {
   return GlibPtr<char>(g_path_get_basename(m_path.c_str())).get();

@@ -7,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <tavrel/settings/TavrelSettingsClient.h>
+#include <unistd.h>
 
 #include "host/tavrel-settings/StoreReading.h"
 #include "tests/host/tavrel/ChangeRecorder.h"
@@ -120,7 +121,15 @@ struct Irregular {
 
 void PrintTo(const Irregular& row, std::ostream* out) { *out << row.name; }
 
+/// Leads to a pipe that has no name, as a shell's <(...) does.
+void LinkToPipe(const std::string& path) {
+  int ends[2];
+  ASSERT_EQ(0, pipe(ends));
+  std::filesystem::create_symlink("/proc/self/fd/" + std::to_string(ends[0]), path);
+}
+
 const Irregular kIrregular[] = {
+    {"PipeWithoutName", LinkToPipe},
     {"Fifo", [](const std::string& path) { ASSERT_EQ(0, mkfifo(path.c_str(), 0666)); }},
     {"Device", [](const std::string& path) { std::filesystem::create_symlink("/dev/zero", path); }},
     {"Directory", [](const std::string& path) { std::filesystem::create_directory(path); }},
