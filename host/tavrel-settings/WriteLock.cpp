@@ -62,11 +62,22 @@ void LimitRights(const FileDescriptor& lock, const std::string& path, const std:
   fchmod(lock.Get(), LockPermissions(state.st_mode));
 }
 
+/// Removes a lock that the owner of its store may not open, if that is who asks: its maker was
+/// killed before it gave the lock away, or the store was given away later. Who holds it notices.
+bool RemoveIfShutToOwner(const std::string& path, const std::string& store) {
+  struct stat state = {};
+  return stat(store.c_str(), &state) == 0 && state.st_uid == geteuid() && unlink(path.c_str()) == 0;
+}
+
 /// Opens the lock, or makes it. At no moment may a new one be opened by others than those who may
 /// write the store or, without one, who could write it once it is made.
 LockFile Opened(const std::string& path, const std::string& store) {
   for (;;) {
     const int found = open(path.c_str(), kOpening);
+    if (found == -1 && errno == EACCES) {
+      if (RemoveIfShutToOwner(path, store)) continue;
+      errno = EACCES;
+    }
     if (found != -1 || errno != ENOENT) return {{found, "cannot open", path}, false};
     const bool hasStore = access(store.c_str(), F_OK) == 0;
     const int made = open(path.c_str(), kOpening | O_CREAT | O_EXCL, hasStore ? 0600 : 0222);

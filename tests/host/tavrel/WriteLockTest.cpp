@@ -1,7 +1,6 @@
 #include <chrono>
 #include <filesystem>
 #include <memory>
-#include <ostream>
 #include <stdexcept>
 #include <string>
 #include <thread>
@@ -14,8 +13,6 @@
 
 #include "tests/host/tavrel/ChildProcess.h"
 #include "tests/host/tavrel/StoreTest.h"
-#include "tests/support/FreshProcess.h"
-#include "tests/support/Unprivileged.h"
 
 namespace tavrel {
 namespace settings {
@@ -92,100 +89,6 @@ class TheLock : public tests::StoreTest {
       std::this_thread::yield();
   }
 };
-
-struct Rights {
-  const char* name;
-  mode_t store;
-  mode_t lock;
-};
-
-void PrintTo(const Rights& row, std::ostream* out) { *out << row.name; }
-
-const Rights kRights[] = {{"OfOne", 0600, 0600},    {"OfOneReadByAll", 0644, 0600},
-                          {"OfAGroup", 0660, 0660}, {"OfAGroupReadByAll", 0664, 0660},
-                          {"OfAll", 0666, 0666},    {"OfAProgram", 0755, 0600}};
-
-class TheRightsOfTheLock : public TheLock, public testing::WithParamInterface<Rights> {};
-
-TEST_P(TheRightsOfTheLock, AreThoseOfWhoMayWrite) {
-  fs::permissions(Path(), fs::perms(GetParam().store));
-  Set("A", "x", "2");
-  EXPECT_EQ(GetParam().lock, StateOf(LockPath()).st_mode & 07777U);
-}
-
-TEST_P(TheRightsOfTheLock, AreLimitedWhereTheyWereNot) {
-  fs::permissions(Path(), fs::perms(GetParam().store));
-  fs::permissions(m_directory.Write("store.ini.lock", ""), fs::perms(0777));
-  Set("A", "x", "2");
-  EXPECT_EQ(kAfter, Text());
-  EXPECT_EQ(GetParam().lock, StateOf(LockPath()).st_mode & 07777U);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, TheRightsOfTheLock, testing::ValuesIn(kRights),
-                         testing::PrintToStringParamName());
-
-TEST_F(TheLock, OfANewStoreIsForThoseWhoMayWriteIt) {
-  fs::remove(Path());
-  const mode_t mask = umask(0002);
-  Set("A", "x", "2");
-  umask(mask);
-  EXPECT_EQ(0664U, StateOf(Path()).st_mode & 07777U);
-  EXPECT_EQ(0660U, StateOf(LockPath()).st_mode & 07777U);
-}
-
-TEST_F(TheLock, CanBeOpenedByAnOwnerWhoMayAllowHimselfToWrite) {
-  if (geteuid() != 0) GTEST_SKIP() << "Only root may write without permission.";
-  fs::permissions(Path(), fs::perms(0464));
-  Set("A", "x", "2");
-  EXPECT_EQ(0660U, StateOf(LockPath()).st_mode & 07777U);
-}
-
-TEST_F(TheLock, IsTheStoresOwners) {
-  if (geteuid() != 0) GTEST_SKIP() << "Only root may give a file away.";
-  ASSERT_EQ(0, chown(Path().c_str(), 1234, 5678));
-  fs::permissions(m_directory.Write("store.ini.lock", ""), fs::perms(0600));
-  Set("A", "x", "2");
-  EXPECT_EQ(1234U, StateOf(LockPath()).st_uid);
-  EXPECT_EQ(5678U, StateOf(LockPath()).st_gid);
-}
-
-class AWriterWhoIsRefused : public TheLock, public testing::WithParamInterface<mode_t> {};
-
-TEST_P(AWriterWhoIsRefused, LeavesNoLockThatWouldKeepOutTheOwner) {
-  if (geteuid() != 0) GTEST_SKIP() << "Only root may write as another user.";
-  fs::permissions(Path(), fs::perms(GetParam()));
-  fs::permissions(m_directory.Path(), fs::perms(01777));
-  tests::InFreshProcess([this] {
-    const tests::Unprivileged user;
-    ASSERT_TRUE(user.IsReady());
-    EXPECT_THAT([] { Set("A", "x", "2"); },
-                ThrowsMessage<std::runtime_error>(HasSubstr("cannot write " + Path() + ": ")));
-  });
-  EXPECT_FALSE(fs::exists(LockPath()));
-}
-
-INSTANTIATE_TEST_SUITE_P(ToAStoreThatIsReadByAllOrWrittenByAll, AWriterWhoIsRefused,
-                         testing::Values(0644, 0666));
-
-TEST_F(TheLock, IsNotMadeForAStoreThatNobodyMayWrite) {
-  fs::permissions(Path(), fs::perms(0444));
-  EXPECT_THROW(Set("A", "x", "2"), std::runtime_error);
-  EXPECT_FALSE(fs::exists(LockPath()));
-}
-
-TEST_F(TheLock, IsUsedAsItIsWhereItCannotBeMadeAgain) {
-  if (geteuid() != 0) GTEST_SKIP() << "Only root may write as another user.";
-  fs::permissions(m_directory.Write("store.ini.lock", ""), fs::perms(0666));
-  ASSERT_EQ(0, chown(Path().c_str(), 65534, getegid()));
-  fs::permissions(m_directory.Path(), fs::perms(01777));  // where only an owner may remove
-  tests::InFreshProcess([] {
-    const tests::Unprivileged user;
-    ASSERT_TRUE(user.IsReady());
-    Set("A", "x", "2");
-  });
-  EXPECT_EQ(kAfter, Text());
-  EXPECT_EQ(0U, StateOf(LockPath()).st_uid);
-}
 
 TEST_F(TheLock, IsNoPipe) {
   ASSERT_EQ(0, mkfifo(LockPath().c_str(), 0600));
