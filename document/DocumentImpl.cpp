@@ -86,7 +86,7 @@ DocumentNode* Document::DocumentImpl::SelectRootNode() {
 }
 
 DocumentNode* Document::DocumentImpl::SelectNode(const std::string& path, DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), context, path);
+  const Selection selected(m_searchContext.get(), context, path, Selection::kFirst);
   return selected.Count() > 0 ? new DocumentNode(selected.Node(0)) : nullptr;
 }
 
@@ -100,7 +100,7 @@ std::vector<DocumentNode*> Document::DocumentImpl::SelectNodes(const std::string
 }
 
 std::string Document::DocumentImpl::GetValue(const std::string& path, DocumentNode* context) {
-  return Selection(m_searchContext.get(), context, path).FirstText();
+  return Selection(m_searchContext.get(), context, path, Selection::kFirst).FirstText();
 }
 
 std::vector<std::string> Document::DocumentImpl::GetValues(const std::string& path,

@@ -29,6 +29,9 @@ class ANALYTICS_API Document::DocumentImpl {
   /// @return whether there is a search context now
   bool CreateXPathContext(bool registerNamespaces);
 
+  /// What queries are evaluated in; null unless the document is open and has one.
+  xmlXPathContextPtr SearchContext() const { return m_searchContext.get(); }
+
   bool ParseString(const char* text, unsigned long length);
   bool ParseFile(const std::string& path);
 

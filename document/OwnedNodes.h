@@ -12,7 +12,6 @@ namespace analytics {
 class OwnedNodes {
  public:
   OwnedNodes() = default;
-  explicit OwnedNodes(std::vector<DocumentNode*> nodes) : m_nodes(std::move(nodes)) {}
 
   ~OwnedNodes() {
     for (DocumentNode* node : m_nodes) delete node;
@@ -27,9 +26,6 @@ class OwnedNodes {
   void Add(void* node) { m_nodes.push_back(new DocumentNode(node)); }
 
   std::vector<DocumentNode*> Release() { return std::exchange(m_nodes, {}); }
-
-  std::vector<DocumentNode*>::const_iterator begin() const { return m_nodes.begin(); }
-  std::vector<DocumentNode*>::const_iterator end() const { return m_nodes.end(); }
 
  private:
   std::vector<DocumentNode*> m_nodes;

@@ -3,17 +3,11 @@
 #include <algorithm>
 
 #include "document/NodeRemoval.h"
+#include "document/PlainPath.h"
 #include "document/XmlText.h"
 
 namespace analytics {
 namespace {
-
-XmlPtr<xmlXPathObject> Evaluate(xmlXPathContextPtr searchContext, DocumentNode* context,
-                                const std::string& path) {
-  if (!searchContext) return nullptr;  // first: with the document closed, `context` may dangle
-  searchContext->node = ContextNode(searchContext->doc, context);
-  return XmlPtr<xmlXPathObject>(xmlXPathEvalExpression(XmlText(path), searchContext));
-}
 
 int NodeCount(const xmlXPathObject* result) {
   return result ? xmlXPathNodeSetGetLength(result->nodesetval) : 0;
@@ -26,13 +20,23 @@ xmlNodePtr ContextNode(xmlDocPtr document, DocumentNode* context) {
 }
 
 Selection::Selection(xmlXPathContextPtr searchContext, DocumentNode* context,
-                     const std::string& path)
-    : m_searchContext(searchContext),
-      m_result(Evaluate(searchContext, context, path)),
-      m_count(NodeCount(m_result.get())) {}
+                     const std::string& path, Extent extent)
+    : m_searchContext(searchContext) {
+  if (!searchContext) return;  // first: with the document closed, `context` may dangle
+  const xmlNodePtr start = ContextNode(searchContext->doc, context);
+  searchContext->node = start;
+  if (PlainPath(path.c_str(), searchContext).Select(start, extent == kFirst, m_walked)) {
+    m_nodes = m_walked.data();
+    m_count = static_cast<int>(m_walked.size());
+    return;
+  }
+  m_result.reset(xmlXPathEvalExpression(XmlText(path), searchContext));
+  m_count = NodeCount(m_result.get());
+  if (m_count > 0) m_nodes = m_result->nodesetval->nodeTab;
+}
 
 xmlNodePtr Selection::Node(int index) const {
-  const xmlNodePtr node = m_result->nodesetval->nodeTab[index];
+  const xmlNodePtr node = m_nodes[index];
   return node->type == XML_NAMESPACE_DECL ? nullptr : node;
 }
 
@@ -46,10 +50,10 @@ std::string Selection::FirstText() const { return m_count > 0 ? Text(0) : std::s
 int Selection::Delete() {
   // All are detached before any is freed: then none lies within another, so none is freed twice,
   // in whatever order libxml2 puts namespace nodes among them.
-  for (int index = 0; index < m_count; ++index) xmlUnlinkNode(m_result->nodesetval->nodeTab[index]);
+  for (int index = 0; index < m_count; ++index) xmlUnlinkNode(m_nodes[index]);
   int freed = 0;
   for (int index = m_count - 1; index >= 0; --index) {
-    xmlNodePtr& node = m_result->nodesetval->nodeTab[index];
+    xmlNodePtr& node = m_nodes[index];
     if (!RemoveNode(node)) continue;
     node = nullptr;  // else freeing the result would look at it
     ++freed;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include <analytics/DocumentNode.h>
 
@@ -18,10 +19,18 @@ xmlNodePtr ContextNode(xmlDocPtr document, DocumentNode* context);
 /// expression without a search context.
 class Selection {
  public:
+  /// How many of the nodes are wanted.
+  enum Extent { kAll, kFirst };
+
   /// Evaluates `path` from the context node, and leaves that as the search context's current node.
+  /// A plain path is answered by a walk over the tree, any other by libxml2.
   ///
   /// @param searchContext  null for a document that is not open; nothing else is looked at then
-  Selection(xmlXPathContextPtr searchContext, DocumentNode* context, const std::string& path);
+  Selection(xmlXPathContextPtr searchContext, DocumentNode* context, const std::string& path,
+            Extent extent = kAll);
+
+  Selection(const Selection&) = delete;
+  Selection& operator=(const Selection&) = delete;
 
   int Count() const { return m_count; }
 
@@ -42,8 +51,10 @@ class Selection {
 
  private:
   xmlXPathContextPtr m_searchContext;
-  XmlPtr<xmlXPathObject> m_result;
-  int m_count;
+  std::vector<xmlNodePtr> m_walked;  // what a walk found
+  XmlPtr<xmlXPathObject> m_result;   // what libxml2 found
+  xmlNodePtr* m_nodes = nullptr;     // of the one or the other
+  int m_count = 0;
 };
 
 }  // namespace analytics

@@ -21,10 +21,24 @@ inline std::string CopyText(const xmlChar* text) {
   return text ? std::string(reinterpret_cast<const char*>(text)) : std::string();
 }
 
-/// The text of a node: that of its child list, entity references substituted as `document` declares
-/// them.
+/// The text of a list of nodes, entity references substituted as `document` declares them.
+inline std::string ListText(xmlDocPtr document, const xmlNode* nodes) {
+  if (!nodes) return std::string();
+  if (nodes->type == XML_TEXT_NODE && !nodes->next) return CopyText(nodes->content);
+  return CopyText(XmlPtr<xmlChar>(xmlNodeListGetString(document, nodes, 1)).get());
+}
+
+/// The text of a node: that of its child list.
 inline std::string NodeText(xmlDocPtr document, const xmlNode* node) {
-  return CopyText(XmlPtr<xmlChar>(xmlNodeListGetString(document, node->children, 1)).get());
+  return ListText(document, node->children);
+}
+
+/// The value of an attribute, or the default that the document type declares; "" without either.
+inline std::string AttributeText(xmlNodePtr node, const std::string& name) {
+  const xmlAttr* const attribute = xmlHasProp(node, XmlText(name));
+  if (!attribute) return std::string();
+  if (attribute->type == XML_ATTRIBUTE_NODE) return ListText(attribute->doc, attribute->children);
+  return CopyText(XmlPtr<xmlChar>(xmlGetProp(node, XmlText(name))).get());
 }
 
 }  // namespace analytics

@@ -4,26 +4,34 @@
 #include <analytics/Calibration.h>
 #include <analytics/ProfileDoc.h>
 
-#include "profile/ProfileNames.h"
+#include "profile/ProfileQueries.h"
 
 namespace analytics {
 namespace {
 
 using PointPair = types::Point[2];
 
+/// Path from a rule or engine to the vendor's calibration element, with room for more.
+std::string CalibrationQry() {
+  std::string query = ProfileDoc::ElementItemQry(true);
+  query.append("[@Name=\"Calibration\"]/");
+  AddKestalName(query, "Calibration");
+  return query;
+}
+
 std::string PieceQry(const std::string& calibrationQry, const char* tag) {
-  return calibrationQry + "/" + KestalName(tag);
+  std::string query;
+  query.reserve(calibrationQry.size() + kQueryRoom);
+  query.append(calibrationQry).append(1, '/');
+  AddKestalName(query, tag);
+  return query;
 }
 
 std::string LineQry(const std::string& calibrationQry, const char* tag) {
-  const std::string pieceQry = PieceQry(calibrationQry, tag);
-  return pieceQry + "/" + OnvifName("Point");
-}
-
-/// Path from a rule or engine to the vendor's calibration element.
-std::string CalibrationQry() {
-  const std::string itemQry = ProfileDoc::ElementItemQry(true) + "[@Name=\"Calibration\"]/";
-  return itemQry + KestalName("Calibration");
+  std::string query = PieceQry(calibrationQry, tag);
+  query += '/';
+  AddOnvifName(query, "Point");
+  return query;
 }
 
 /// Paths to the pieces of a calibration, made in this order.

@@ -1,36 +1,21 @@
 #include <analytics/ProfileDoc.h>
 
 #include "document/DocumentImpl.h"
-
-#include <analytics/Settings.h>
+#include "profile/ProfileQueries.h"
 
 namespace analytics {
 namespace {
 
-/// Made with braces, which evaluate the prefix before the tag.
-struct ElementName {
-  std::string prefix;
-  std::string tag;
-};
-
-/// All elements of a name in the document, those of one type only if `type` is not empty.
-std::string ElementQry(const ElementName& name, const std::string& type) {
-  const std::string all = "//" + name.prefix + ":" + name.tag;
-  return type.empty() ? all : all + "[@Type=\"" + type + "\"]";
-}
-
-std::string RuleQry(const std::string& type) {
-  return ElementQry({Settings::OnvifPrefix(), Settings::RuleTag()}, type);
-}
-
 std::string EngineQry(const std::string& type) {
-  return ElementQry({Settings::OnvifPrefix(), Settings::EngineTag()}, type);
+  const std::string prefix = Settings::OnvifPrefix();
+  return ElementQry(prefix, Settings::EngineTag(), type);
 }
 
 // Deliberate: unlike rules and engines, event sinks are the vendor's elements. Kept for
 // compatibility: installed runtimes see it.
 std::string EventSinkQry(const std::string& type) {
-  return ElementQry({Settings::KestalPrefix(), Settings::EventSinkTag()}, type);
+  const std::string prefix = Settings::KestalPrefix();
+  return ElementQry(prefix, Settings::EventSinkTag(), type);
 }
 
 }  // namespace

@@ -1,11 +1,11 @@
 #include <algorithm>
 #include <iterator>
-#include <memory>
 
 #include <analytics/DocumentNode.h>
 #include <analytics/ProfileDoc.h>
 
-#include "document/OwnedNodes.h"
+#include "document/DocumentImpl.h"
+#include "document/Selection.h"
 
 namespace analytics {
 
@@ -17,13 +17,14 @@ bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
 
 bool ProfileDoc::GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                            DocumentNode* context) {
-  const OwnedNodes nodes(SelectNodes(xpath, context));
-  // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does. Kept for
-  // compatibility: installed runtimes see it.
-  std::transform(nodes.begin(), nodes.end(), std::back_inserter(points), [](DocumentNode* node) {
-    return types::Point{node->GetProperty("x", 0), node->GetProperty("y", 0)};
-  });
-  return nodes.begin() != nodes.end();
+  const Selection selected(m_impl->SearchContext(), context, xpath);
+  for (int index = 0; index < selected.Count(); ++index) {
+    DocumentNode node(selected.Node(index));
+    // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does. Kept for
+    // compatibility: installed runtimes see it.
+    points.push_back(types::Point{node.GetProperty("x", 0), node.GetProperty("y", 0)});
+  }
+  return selected.Count() > 0;
 }
 
 bool ProfileDoc::GetLine(types::Point (&line)[2], const std::string& xpath, DocumentNode* context) {
@@ -36,12 +37,13 @@ bool ProfileDoc::GetLine(types::Point (&line)[2], const std::string& xpath, Docu
 
 bool ProfileDoc::GetRectangle(types::Point (&rect)[2], const std::string& xpath,
                               DocumentNode* context) {
-  const std::unique_ptr<DocumentNode> node(SelectNode(xpath, context));
-  if (!node) return false;
-  rect[0].x = node->GetProperty("left", rect[0].x);
-  rect[0].y = node->GetProperty("top", rect[0].y);
-  rect[1].x = node->GetProperty("right", rect[1].x);
-  rect[1].y = node->GetProperty("bottom", rect[1].y);
+  const Selection selected(m_impl->SearchContext(), context, xpath, Selection::kFirst);
+  if (selected.Count() == 0) return false;
+  DocumentNode node(selected.Node(0));
+  rect[0].x = node.GetProperty("left", rect[0].x);
+  rect[0].y = node.GetProperty("top", rect[0].y);
+  rect[1].x = node.GetProperty("right", rect[1].x);
+  rect[1].y = node.GetProperty("bottom", rect[1].y);
   return true;
 }
 

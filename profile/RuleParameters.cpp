@@ -1,34 +1,39 @@
-#include <algorithm>
+#include <cstddef>
 #include <memory>
+#include <string>
+#include <unordered_set>
 #include <utility>
+#include <vector>
 
 #include <analytics/DocumentNode.h>
 #include <analytics/ProfileDoc.h>
 
-#include "document/OwnedNodes.h"
+#include "document/DocumentImpl.h"
+#include "document/Selection.h"
 #include "document/TypedText.h"
-#include "profile/ProfileNames.h"
+#include "profile/ProfileQueries.h"
 
 namespace analytics {
 namespace {
 
-std::string ItemsQry(const char* tag, bool throughParameters) {
-  const std::string path = throughParameters ? OnvifName("Parameters") + "/" : std::string();
-  return path + OnvifName(tag);
+/// The items of a kind below a rule or engine, or below its "Parameters" element; with `room` for
+/// what is added.
+std::string ItemsQry(const char* tag, bool throughParameters, std::size_t room) {
+  std::string query;
+  query.reserve(kQueryRoom + room);
+  if (throughParameters) {
+    AddOnvifName(query, "Parameters");
+    query += '/';
+  }
+  AddOnvifName(query, tag);
+  return query;
 }
 
 std::string NamedItemQry(const std::string& name, bool throughParameters) {
-  return ProfileDoc::SimpleItemQry(throughParameters) + "[@Name='" + name + "']";
-}
-
-template <typename Value>
-bool SetItem(ProfileDoc& profile, const std::string& name, const Value& value,
-             DocumentNode* context, bool throughParameters) {
-  const std::unique_ptr<DocumentNode> item(
-      profile.SelectNode(NamedItemQry(name, throughParameters), context));
-  if (!item) return false;
-  item->SetProperty("Value", value);
-  return true;
+  return ItemsQry("SimpleItem", throughParameters, name.size())
+      .append("[@Name='")
+      .append(name)
+      .append("']");
 }
 
 template <typename Value>
@@ -43,49 +48,56 @@ void AddItem(DocumentNode* parameters, const std::string& name, const Value& val
 }
 
 template <typename Value>
-bool SetOrAddItem(ProfileDoc& profile, const std::string& name, const Value& value,
-                  DocumentNode* parameters) {
-  if (!SetItem(profile, name, value, parameters, false)) AddItem(parameters, name, value);
+bool SetItem(xmlXPathContextPtr searchContext, const std::string& itemQry, const Value& value,
+             DocumentNode* context) {
+  const Selection items(searchContext, context, itemQry, Selection::kFirst);
+  if (items.Count() == 0) return false;
+  DocumentNode(items.Node(0)).SetProperty("Value", value);
   return true;
 }
 
-std::string ItemText(ProfileDoc& profile, const std::string& itemQry, DocumentNode* context) {
-  const std::unique_ptr<DocumentNode> item(profile.SelectNode(itemQry, context));
-  return item ? item->GetProperty("Value") : std::string();
+template <typename Value>
+bool SetOrAddItem(xmlXPathContextPtr searchContext, const std::string& name, const Value& value,
+                  DocumentNode* parameters) {
+  if (!SetItem(searchContext, NamedItemQry(name, false), value, parameters))
+    AddItem(parameters, name, value);
+  return true;
 }
 
-/// Tells whether rules are active; the query is built once for all of them.
+std::string ItemText(xmlXPathContextPtr searchContext, const std::string& itemQry,
+                     DocumentNode* context) {
+  const Selection items(searchContext, context, itemQry, Selection::kFirst);
+  return items.Count() > 0 ? DocumentNode(items.Node(0)).GetProperty("Value") : std::string();
+}
+
+/// Tells whether rules are active; the query is made once for all of them.
 class ActivityCheck {
  public:
-  explicit ActivityCheck(ProfileDoc& profile)
-      : m_profile(profile), m_activeQry(NamedItemQry("Active", true)) {}
+  explicit ActivityCheck(xmlXPathContextPtr searchContext)
+      : m_searchContext(searchContext), m_activeQry(NamedItemQry("Active", true)) {}
 
-  bool operator()(DocumentNode* rule) const {
-    return NumberFromText(ItemText(m_profile, m_activeQry, rule), 0) != 0;
+  bool operator()(DocumentNode& rule) const {
+    return NumberFromText(ItemText(m_searchContext, m_activeQry, &rule), 0) != 0;
   }
 
  private:
-  ProfileDoc& m_profile;
+  const xmlXPathContextPtr m_searchContext;
   const std::string m_activeQry;
 };
-
-bool Contains(const std::vector<std::string>& texts, const std::string& text) {
-  return std::find(texts.begin(), texts.end(), text) != texts.end();
-}
 
 }  // namespace
 
 std::string ProfileDoc::SimpleItemQry(bool throughParameters) {
-  return ItemsQry("SimpleItem", throughParameters);
+  return ItemsQry("SimpleItem", throughParameters, 0);
 }
 
 std::string ProfileDoc::ElementItemQry(bool throughParameters) {
-  return ItemsQry("ElementItem", throughParameters);
+  return ItemsQry("ElementItem", throughParameters, 0);
 }
 
 std::string ProfileDoc::GetSimpleItemValue(const std::string& name, DocumentNode* context,
                                            bool throughParameters) {
-  return ItemText(*this, NamedItemQry(name, throughParameters), context);
+  return ItemText(m_impl->SearchContext(), NamedItemQry(name, throughParameters), context);
 }
 
 int ProfileDoc::GetSimpleItemValue(const std::string& name, int defaultValue, DocumentNode* context,
@@ -94,37 +106,45 @@ int ProfileDoc::GetSimpleItemValue(const std::string& name, int defaultValue, Do
 }
 
 bool ProfileDoc::SetSimpleItemValue(const std::string& name, int value, DocumentNode* context) {
-  return SetItem(*this, name, value, context, true);
+  return SetItem(m_impl->SearchContext(), NamedItemQry(name, true), value, context);
 }
 
 bool ProfileDoc::SetSimpleItemValue(const std::string& name, const std::string& value,
                                     DocumentNode* context) {
-  return SetItem(*this, name, value, context, true);
+  return SetItem(m_impl->SearchContext(), NamedItemQry(name, true), value, context);
 }
 
 bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, int value,
                                          DocumentNode* parameters) {
-  return SetOrAddItem(*this, name, value, parameters);
+  return SetOrAddItem(m_impl->SearchContext(), name, value, parameters);
 }
 
 bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, const std::string& value,
                                          DocumentNode* parameters) {
-  return SetOrAddItem(*this, name, value, parameters);
+  return SetOrAddItem(m_impl->SearchContext(), name, value, parameters);
 }
 
 bool ProfileDoc::RuleIsActive(const std::string& type) {
-  const OwnedNodes rules(SelectRules(type));
-  return std::count_if(rules.begin(), rules.end(), ActivityCheck(*this)) > 0;
+  const Selection rules(m_impl->SearchContext(), nullptr, RuleQry(type));
+  const ActivityCheck isActive(m_impl->SearchContext());
+  bool isAnyActive = false;
+  for (int index = 0; index < rules.Count(); ++index) {
+    DocumentNode rule(rules.Node(index));
+    isAnyActive = isActive(rule) || isAnyActive;
+  }
+  return isAnyActive;
 }
 
 std::vector<std::string> ProfileDoc::ActiveRules() {
   std::vector<std::string> types;
-  const OwnedNodes rules(SelectRules(std::string()));
-  const ActivityCheck isActive(*this);
-  for (DocumentNode* rule : rules) {
+  std::unordered_set<std::string> known;
+  const Selection rules(m_impl->SearchContext(), nullptr, RuleQry(std::string()));
+  const ActivityCheck isActive(m_impl->SearchContext());
+  for (int index = 0; index < rules.Count(); ++index) {
+    DocumentNode rule(rules.Node(index));
     if (!isActive(rule)) continue;
-    std::string type = rule->GetProperty("Type");
-    if (!type.empty() && !Contains(types, type)) types.push_back(std::move(type));
+    std::string type = rule.GetProperty("Type");
+    if (!type.empty() && known.insert(type).second) types.push_back(std::move(type));
   }
   return types;
 }

@@ -1,0 +1,159 @@
+#include <string>
+#include <vector>
+
+#include <gmock/gmock.h>
+
+#include "document/XmlText.h"
+#include "tests/document/TestDocuments.h"
+#include "tests/support/FailingXmlMemory.h"
+
+namespace analytics {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+/// Whether libxml2 is asked for what a path selects, which takes memory of it.
+bool IsLibxml2Asked(Document& document, const std::string& path, DocumentNode* context = nullptr) {
+  const tests::FailingXmlMemory noMemory(1, tests::Shortage::kOnce);
+  tests::All(document, path, context);
+  return noMemory.Failures() > 0;
+}
+
+xmlNodePtr Raw(DocumentNode& node) { return static_cast<xmlNodePtr>(node.Handle()); }
+
+TEST(AWalk, GivesNestedMatchesInDocumentOrder) {
+  ParsedDocument document("<r><a><b>1</b><a><b>2</b></a><b>3</b></a><b>no</b></r>");
+  EXPECT_THAT(document.GetMultipleValues("//a/b", nullptr), ElementsAre("1", "2", "3"));
+}
+
+TEST(AWalk, StaysBelowItsStart) {
+  ParsedDocument document("<r><a><b>1</b></a><a><b>2</b></a><b>3</b></r>");
+  DocumentNode first = NodeAt(document, "a");
+  EXPECT_THAT(document.GetMultipleValues("b", &first), ElementsAre("1"));
+}
+
+TEST(AWalk, BeginsAtTheDocumentForAPathFromAnywhere) {
+  ParsedDocument document("<b>1<a/></b>");
+  DocumentNode inner = NodeAt(document, "a");
+  EXPECT_EQ("1", document.GetSingleValue("//b", &inner));
+}
+
+TEST(AWalk, FromAnywhereIsNotTheStartsDocumentButTheOneAsked) {
+  ParsedDocument document("<r><b>mine</b></r>");
+  ParsedDocument other("<r><b>other</b></r>");
+  DocumentNode foreign = NodeAt(other, "/r");
+  EXPECT_EQ("mine", document.GetSingleValue("//b", &foreign));
+  EXPECT_EQ("other", document.GetSingleValue("b", &foreign));
+}
+
+TEST(AWalk, TakesUnprefixedElementsInNoNamespaceOnly) {
+  ParsedDocument document(R"(<r><d xmlns="urn:d"><b>no</b></d><p:b xmlns:p="urn:d">no</p:b></r>)");
+  EXPECT_THAT(document.GetMultipleValues("//b", nullptr), IsEmpty());
+}
+
+TEST(AWalk, TakesANamespaceWithoutUriForNoOther) {
+  BindingDocument document;
+  ASSERT_TRUE(document.ParseString("<r><a/></r>"));
+  DocumentNode a = NodeAt(document, "a");
+  a.SetNs("", "p");
+  EXPECT_THAT(document.SelectNodes("tt:a"), IsEmpty());
+}
+
+TEST(AWalk, TakesNoNamespaceDeclarationForAnAttribute) {
+  ParsedDocument document(R"(<r><a xmlns="urn:d" x="1"/></r>)");
+  EXPECT_THAT(document.GetMultipleValues("//r/@xmlns", nullptr), IsEmpty());
+}
+
+TEST(AWalk, LeavesAStartThatIsNoElementToLibxml2) {
+  ParsedDocument document(R"(<r x="1">text<a/></r>)");
+  for (const char* const path : {"/", "@x", "text()"}) {
+    DocumentNode start = NodeAt(document, path);
+    EXPECT_TRUE(IsLibxml2Asked(document, "a", &start)) << path;
+  }
+}
+
+TEST(AWalk, FindsTheRootFromTheDocumentNode) {
+  ParsedDocument document("<r>1</r>");
+  DocumentNode top = NodeAt(document, "/");
+  EXPECT_EQ("1", document.GetSingleValue("r", &top));
+}
+
+TEST(AWalk, HasNothingToFindFromAnEmptyNode) {
+  ParsedDocument document("<r><a>1</a></r>");
+  DocumentNode empty;
+  EXPECT_EQ("", document.GetSingleValue("a", &empty));
+  EXPECT_EQ("1", document.GetSingleValue("//a", &empty));
+}
+
+TEST(AWalk, PassesOverWhatIsNoElement) {
+  ParsedDocument document("<r>a<!--a--><?a a?><![CDATA[a]]><a>1</a></r>");
+  EXPECT_FALSE(IsLibxml2Asked(document, "//a"));
+  EXPECT_EQ("1", document.GetSingleValue("//a", nullptr));
+}
+
+TEST(AWalk, PassesOverADocumentTypeAndWhatEntitiesHold) {
+  ParsedDocument document(R"(<!DOCTYPE r [<!ELEMENT r ANY><!ENTITY e "<a>no</a>">]>)"
+                          "<r>&e;<a>1</a></r>");
+  EXPECT_FALSE(IsLibxml2Asked(document, "//a"));
+  EXPECT_THAT(document.GetMultipleValues("//a", nullptr), ElementsAre("1"));
+}
+
+TEST(AWalk, ComparesAValueOfOnePieceItself) {
+  ParsedDocument document(R"(<r><a x="1&#9;&amp;2"/><a x=""/></r>)");
+  EXPECT_FALSE(IsLibxml2Asked(document, "a[@x='1']"));
+}
+
+/// An attribute that is not one plain text; the text `kept` makes the document declare its entity.
+class AWalkOverAnOddValue : public testing::Test {
+ protected:
+  ParsedDocument m_document{R"(<!DOCTYPE r [<!ENTITY e "v">]><r><a x="&e;"/><b x="1">2</b></r>)"};
+};
+
+TEST_F(AWalkOverAnOddValue, LeavesAReferenceToLibxml2) {
+  EXPECT_TRUE(IsLibxml2Asked(m_document, "a[@x='v']"));
+  EXPECT_EQ(nullptr, m_document.SelectNode("b[@x='&e;']"));
+}
+
+TEST_F(AWalkOverAnOddValue, LeavesSeveralPiecesToLibxml2) {
+  DocumentNode b = NodeAt(m_document, "b");
+  xmlAddNextSibling(Raw(b)->properties->children, xmlNewReference(Raw(b)->doc, XmlText("e")));
+  EXPECT_TRUE(IsLibxml2Asked(m_document, "b[@x='1']"));
+}
+
+TEST_F(AWalkOverAnOddValue, LeavesATextWithoutContentToLibxml2) {
+  DocumentNode b = NodeAt(m_document, "b");
+  xmlNodeSetContent(Raw(b)->properties->children, nullptr);
+  EXPECT_TRUE(IsLibxml2Asked(m_document, "b[@x='1']"));
+  EXPECT_EQ("2", m_document.GetSingleValue("b[@x='']", nullptr));
+}
+
+TEST(AWalk, TakesAnAttributeInANamespaceWithoutPrefixForOneInNone) {
+  ParsedDocument document(R"(<r xmlns="urn:d"><a xmlns="" x="1"/></r>)");
+  DocumentNode x = NodeAt(document, "//a/@x");
+  x.SetNs("urn:d", "");
+  NodeAt(document, "//a").SetProperty("x", "2");
+  EXPECT_THAT(document.GetMultipleValues("//a/@x"), ElementsAre("1", "2"));
+  EXPECT_TRUE(tests::First(document, "//a[@x='2']"));
+  EXPECT_FALSE(IsLibxml2Asked(document, "//a[@x='2']/@x"));
+}
+
+TEST(AWalk, LeavesWhatLibxml2AloneLooksIntoToIt) {
+  ParsedDocument document("<r><a>1</a></r>");
+  DocumentNode root = NodeAt(document, "/r");
+  const xmlNodePtr fragment = xmlNewDocFragment(Raw(root)->doc);
+  xmlNewChild(fragment, nullptr, XmlText("a"), XmlText("2"));
+  xmlAddChild(Raw(root), fragment);
+  EXPECT_THAT(document.GetMultipleValues("//a", nullptr), ElementsAre("1", "2"));
+  EXPECT_EQ("1", document.GetSingleValue("//a", nullptr));
+}
+
+TEST(AWalk, LeavesItsStartAsTheSearchContextsCurrentNode) {
+  ParsedDocument document("<r><a>1</a></r>");
+  DocumentNode a = NodeAt(document, "a");
+  EXPECT_THAT(document.GetMultipleValues("b", &a), IsEmpty());
+  EXPECT_EQ("1", document.GetSingleValue("a", nullptr));
+}
+
+}  // namespace
+}  // namespace analytics
