@@ -1,5 +1,6 @@
 #include "document/PlainPath.h"
 
+#include <cstddef>
 #include <cstring>
 
 #include <libxml/xpathInternals.h>
@@ -17,6 +18,12 @@ bool IsNameByte(char byte) {
   return IsNameStart(byte) || (byte >= '0' && byte <= '9') || byte == '.' || byte == '-';
 }
 
+/// Longer names are left to libxml2, which has its own limits of them.
+constexpr std::ptrdiff_t kLongestName = 1000;
+
+/// What lies deeper is left to libxml2, which looks no further than 10,000 for some paths.
+constexpr int kDeepest = 1000;
+
 /// Reads a path from its start, piece by piece. Only ASCII is taken, and no blanks: whether another
 /// character may stand somewhere is libxml2's to say.
 class PathReader {
@@ -32,11 +39,11 @@ class PathReader {
     return true;
   }
 
-  /// Empty where no name starts.
+  /// Empty where no name starts. A part of a name that is too long, which nothing plain follows.
   PathText Name() {
     const char* const begin = m_at;
     if (IsNameStart(*m_at))
-      while (IsNameByte(*m_at)) ++m_at;
+      while (IsNameByte(*m_at) && m_at - begin < kLongestName) ++m_at;
     return {begin, static_cast<std::size_t>(m_at - begin)};
   }
 
@@ -75,10 +82,13 @@ class PathReader {
   const xmlXPathContextPtr m_searchContext;
 };
 
-bool IsIn(const xmlNode* node, const char* uri) {
-  if (!uri || !node->ns) return !uri && !node->ns;
+/// Whether a node is in the namespace `uri`. One without URI is none for some paths of libxml2 and
+/// one of its own for others.
+PathAnswer IsIn(const xmlNode* node, const char* uri) {
+  if (!node->ns) return uri ? PathAnswer::kNo : PathAnswer::kYes;
+  if (!node->ns->href) return PathAnswer::kUncertain;
   const char* const href = reinterpret_cast<const char*>(node->ns->href);
-  return href && std::strcmp(href, uri) == 0;
+  return uri && std::strcmp(href, uri) == 0 ? PathAnswer::kYes : PathAnswer::kNo;
 }
 
 /// The first attribute from `attribute` on that a name without prefix stands for: as libxml2 has
@@ -122,8 +132,9 @@ PathAnswer Match(const xmlNode* node, const PathStep& step) {
     default:
       return PathAnswer::kUncertain;  // libxml2 may find elements within it
   }
-  if (!step.name.Equals(node->name) || !IsIn(node, step.uri)) return PathAnswer::kNo;
-  return MeetsCondition(node, step);
+  if (!step.name.Equals(node->name)) return PathAnswer::kNo;
+  const PathAnswer isInNamespace = IsIn(node, step.uri);
+  return isInNamespace == PathAnswer::kYes ? MeetsCondition(node, step) : isInNamespace;
 }
 
 }  // namespace
@@ -167,8 +178,8 @@ bool PlainPath::Walk(xmlNodePtr top, bool firstOnly, std::vector<xmlNodePtr>& fo
     if (firstOnly && !found.empty()) return true;
     const bool leadsOn = m_isAnywhere ? node->type == XML_ELEMENT_NODE : isStep && depth < m_count;
     if (leadsOn && node->children) {
+      if (++depth > kDeepest) return false;
       node = node->children;
-      ++depth;
       continue;
     }
     for (; node != top && !node->next; --depth) node = node->parent;

@@ -31,6 +31,7 @@ using tests::NodePtr;
 constexpr char kOnvifUri[] = "http://www.onvif.org/ver10/schema";
 constexpr char kKestalUri[] = "urn:kestal-com:schema:onvif:analytics:1";
 
+const char* const kUris[] = {kOnvifUri, "urn:new", ""};
 const char* const kElements[] = {"a", "b", "o:a", "o:b", "k:a", "div", "a-1.b", "\xC3\xA9"};
 const char* const kAttributes[] = {"x", "y", "o:x", "xml:lang", "xmlns:q"};
 const char* const kValues[] = {"", "1", "A B", "it's", "&f;", "1&f;", "\xC3\xA9", "a&#9;b"};
@@ -174,7 +175,7 @@ class Comparison {
       case 2:
         return m_chosen->SetValue(m_input.Of(kEdits));
       case 3:
-        return m_chosen->SetNs(m_input.Flag() ? kOnvifUri : "urn:new", m_input.Flag() ? "p" : "");
+        return m_chosen->SetNs(m_input.Of(kUris), m_input.Flag() ? "p" : "");
       case 4:
         m_chosen.reset(m_chosen->AddNewChild(m_input.Of(kElements), m_input.Of(kEdits)));
         return;

@@ -60,6 +60,44 @@ TEST(AWalk, TakesANamespaceWithoutUriForNoOther) {
   EXPECT_THAT(document.SelectNodes("tt:a"), IsEmpty());
 }
 
+TEST(AWalk, LeavesAnElementInANamespaceWithoutUriToLibxml2) {
+  ParsedDocument document("<r><a>1</a><a x='2'>2</a></r>");
+  for (const tests::NodePtr& a : tests::All(document, "a")) a->SetNs("", "p");
+  EXPECT_TRUE(IsLibxml2Asked(document, "a"));
+  EXPECT_FALSE(IsLibxml2Asked(document, "b"));
+  // libxml2 has two ways to evaluate a path, and they differ in this.
+  EXPECT_THAT(document.GetMultipleValues("a[@x='2']", nullptr), IsEmpty());
+}
+
+/// A document of so many elements "a", each within the one before.
+void MakeDeep(Document& document, int depth) {
+  DocumentNode node = NodeAt(document, "/a");
+  for (int made = 1; made < depth; ++made) node = *tests::NodePtr(node.AddNewChild("a", ""));
+}
+
+TEST(AWalk, GoesAThousandElementsDeep) {
+  ParsedDocument document("<a/>");
+  MakeDeep(document, 1000);
+  EXPECT_FALSE(IsLibxml2Asked(document, "//a"));
+  EXPECT_EQ(1000U, tests::All(document, "//a").size());
+}
+
+TEST(AWalk, LeavesADeeperDocumentToLibxml2) {
+  ParsedDocument document("<a/>");
+  MakeDeep(document, 1001);
+  EXPECT_TRUE(IsLibxml2Asked(document, "//a"));
+  EXPECT_EQ(1001U, tests::All(document, "//a").size());
+}
+
+TEST(AWalk, LeavesLongNamesToLibxml2) {
+  ParsedDocument document("<r/>");
+  const std::string longest(1000, 'a');
+  EXPECT_FALSE(IsLibxml2Asked(document, longest + "[@" + longest + "='1']/@" + longest));
+  const std::string tooLong = longest + "a";
+  for (const std::string& path : {tooLong, "r/@" + tooLong, "r[@" + tooLong + "='1']"})
+    EXPECT_TRUE(IsLibxml2Asked(document, path)) << path.size();
+}
+
 TEST(AWalk, TakesNoNamespaceDeclarationForAnAttribute) {
   ParsedDocument document(R"(<r><a xmlns="urn:d" x="1"/></r>)");
   EXPECT_THAT(document.GetMultipleValues("//r/@xmlns", nullptr), IsEmpty());
