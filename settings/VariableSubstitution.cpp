@@ -18,12 +18,8 @@ Reference FindVariable(const std::string& text) {
   return Reference{text.substr(begin + 2, end - begin - 2), begin, end - begin + 1};
 }
 
-const char kValueQry[] = "\"]/@value";
-
 std::string VariableQry(const std::string& name) {
-  std::string query("//variables/variable[@name=\"");
-  query.reserve(query.size() + name.size() + sizeof kValueQry);
-  return query.append(name).append(kValueQry);
+  return "//variables/variable[@name=\"" + name + "\"]/@value";
 }
 
 }  // namespace
