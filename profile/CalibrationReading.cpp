@@ -11,7 +11,7 @@ namespace {
 
 using PointPair = types::Point[2];
 
-/// Path from a rule or engine to the vendor's calibration element, with room for more.
+/// Path from a rule or engine to the vendor's calibration element.
 std::string CalibrationQry() {
   std::string query = ProfileDoc::ElementItemQry(true);
   query.append("[@Name=\"Calibration\"]/");
@@ -20,8 +20,7 @@ std::string CalibrationQry() {
 }
 
 std::string PieceQry(const std::string& calibrationQry, const char* tag) {
-  std::string query;
-  query.reserve(calibrationQry.size() + kQueryRoom);
+  std::string query = EmptyQuery();
   query.append(calibrationQry).append(1, '/');
   AddKestalName(query, tag);
   return query;

@@ -1,14 +1,18 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 
 #include <analytics/Settings.h>
 
 namespace analytics {
 
-/// Room for all of a query but the names that callers give: it is made in one piece of memory.
-constexpr std::size_t kQueryRoom = 128;
+/// The beginning of a query, with room for all of it unless names are long: most are made in one
+/// piece of memory.
+inline std::string EmptyQuery() {
+  std::string query;
+  query.reserve(128);
+  return query;
+}
 
 /// Adds to a query the ONVIF element `localName`, with the settings' prefix.
 inline void AddOnvifName(std::string& query, const char* localName) {
@@ -23,8 +27,7 @@ inline void AddKestalName(std::string& query, const char* localName) {
 /// All elements of a name in the document, those of one type only if `type` is not empty.
 inline std::string ElementQry(const std::string& prefix, const std::string& tag,
                               const std::string& type) {
-  std::string query;
-  query.reserve(kQueryRoom + tag.size() + type.size());
+  std::string query = EmptyQuery();
   query.append("//").append(prefix).append(1, ':').append(tag);
   if (!type.empty()) query.append("[@Type=\"").append(type).append("\"]");
   return query;

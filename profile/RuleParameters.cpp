@@ -1,4 +1,3 @@
-#include <cstddef>
 #include <memory>
 #include <string>
 #include <unordered_set>
@@ -16,11 +15,9 @@
 namespace analytics {
 namespace {
 
-/// The items of a kind below a rule or engine, or below its "Parameters" element; with `room` for
-/// what is added.
-std::string ItemsQry(const char* tag, bool throughParameters, std::size_t room) {
-  std::string query;
-  query.reserve(kQueryRoom + room);
+/// The items of a kind below a rule or engine, or below its "Parameters" element.
+std::string ItemsQry(const char* tag, bool throughParameters) {
+  std::string query = EmptyQuery();
   if (throughParameters) {
     AddOnvifName(query, "Parameters");
     query += '/';
@@ -30,10 +27,9 @@ std::string ItemsQry(const char* tag, bool throughParameters, std::size_t room) 
 }
 
 std::string NamedItemQry(const std::string& name, bool throughParameters) {
-  return ItemsQry("SimpleItem", throughParameters, name.size())
-      .append("[@Name='")
-      .append(name)
-      .append("']");
+  std::string query = ItemsQry("SimpleItem", throughParameters);
+  query.append("[@Name='").append(name).append("']");
+  return query;
 }
 
 template <typename Value>
@@ -88,11 +84,11 @@ class ActivityCheck {
 }  // namespace
 
 std::string ProfileDoc::SimpleItemQry(bool throughParameters) {
-  return ItemsQry("SimpleItem", throughParameters, 0);
+  return ItemsQry("SimpleItem", throughParameters);
 }
 
 std::string ProfileDoc::ElementItemQry(bool throughParameters) {
-  return ItemsQry("ElementItem", throughParameters, 0);
+  return ItemsQry("ElementItem", throughParameters);
 }
 
 std::string ProfileDoc::GetSimpleItemValue(const std::string& name, DocumentNode* context,
