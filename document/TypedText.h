@@ -28,7 +28,7 @@ inline int IntegerOfClassicLocale(const std::string& text, int fallback) {
   const bool isNegative = text[at] == '-';
   if (isNegative || text[at] == '+') ++at;
   std::int64_t number = 0;
-  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at)
+  for (; text[at] >= '0' && text[at] <= '9'; ++at)  // the text's end is NUL
     number = std::min(number * 10 + (text[at] - '0'), beyondAnyInt);
   if (isNegative) number = -number;
   return static_cast<int>(std::max<std::int64_t>(INT_MIN, std::min<std::int64_t>(INT_MAX, number)));
