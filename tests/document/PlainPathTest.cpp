@@ -98,6 +98,9 @@ const PathRow kPlain[] = {
     {"NameOfAnAxis", "child"},
     {"NameOfANodeType", "text"},
     {"PunctuationInAName", "a-1.b_2"},
+    {"FirstAndLastLettersFirst", "a/z/A/Z/_"},
+    {"AllKindsOfCharactersInAName", "_09.-azAZ_[@_09.-azAZ_='']"},
+    {"FirstAndLastCharactersInAText", "b[@x=' ~']"},
     {"EightSteps", "a/a/a/a/a/a/a/a"},
     {"NothingOfThatName", "//none"},
 };
@@ -141,6 +144,8 @@ const PathRow kNearMisses[] = {
     {"AnyElement", "*"},
     {"AnyElementOfANamespace", "tt:*"},
     {"DigitFirst", "1a"},
+    {"GraveFirst", "`a"},
+    {"BraceInAName", "a{"},
     {"NameBeyondAscii", "\xC3\xA9"},
     {"NameThatGoesOnBeyondAscii", "a\xC3\xA9"},
     {"BlankFirst", " b"},
