@@ -231,5 +231,6 @@ def mutants_of(path, source):
                                 early_return_mutants, argument_mutants)
             for mutant in make(path, source, tokens)]
     different = {mutant.apply(source): mutant for mutant in reversed(made)}
+    different.pop(source, None)  # a character that already is what it would become
     return sorted(different.values(), key=lambda mutant: (mutant.start, mutant.end,
                                                           mutant.replacement))

@@ -186,6 +186,17 @@ TEST(AWalk, LeavesWhatLibxml2AloneLooksIntoToIt) {
   EXPECT_EQ("1", document.GetSingleValue("//a", nullptr));
 }
 
+TEST(AWalk, LooksNoFurtherThanItMust) {
+  ParsedDocument document("<r><a>1</a></r>");
+  DocumentNode a = NodeAt(document, "a");
+  xmlAddChild(Raw(a), xmlNewDocFragment(Raw(a)->doc));
+  EXPECT_FALSE(IsLibxml2Asked(document, "a"));
+  EXPECT_TRUE(IsLibxml2Asked(document, "//a"));
+  const tests::FailingXmlMemory noMemory(1, tests::Shortage::kOnce);
+  EXPECT_TRUE(tests::First(document, "//a"));
+  EXPECT_EQ(0, noMemory.Failures());
+}
+
 TEST(AWalk, LeavesItsStartAsTheSearchContextsCurrentNode) {
   ParsedDocument document("<r><a>1</a></r>");
   DocumentNode a = NodeAt(document, "a");
