@@ -101,8 +101,8 @@ class ANALYTICS_API Document {
 
   /// Text of the first node that `path` selects, see `DocumentNode::GetValue()`; empty if nothing
   /// is selected. Entities are those of this document, also for a node of another one: what it
-  /// declares and never refers to may then be empty. A text node selected as such has no children,
-  /// so "text()" reads as empty.
+  /// declares and never refers to may then be empty (libxml2 2.15 takes those of the node's own). A
+  /// text node selected as such has no children, so "text()" reads as empty.
   ///
   /// @param context  has no default, so that 0 or `NULL` in its place is no integer's default
   std::string GetSingleValue(const std::string& path, DocumentNode* context);
