@@ -25,7 +25,6 @@ namespace {
 
 using analytics::Document;
 using analytics::DocumentNode;
-using analytics::XmlPtr;
 using tests::NodePtr;
 
 constexpr char kOnvifUri[] = "http://www.onvif.org/ver10/schema";
@@ -211,7 +210,7 @@ class Comparison {
   Document& m_document;
   Input& m_input;
   const NodePtr m_root;
-  XmlPtr<xmlXPathContext> m_searchContext;
+  analytics::XmlPtr<xmlXPathContext> m_searchContext;
   NodePtr m_chosen;
 };
 
