@@ -198,10 +198,11 @@ TEST(AWalk, LooksNoFurtherThanItMust) {
 }
 
 TEST(AWalk, LeavesItsStartAsTheSearchContextsCurrentNode) {
-  ParsedDocument document("<r><a>1</a></r>");
+  ShownDocument document;
+  ASSERT_TRUE(document.ParseString("<r><a>1</a></r>"));
   DocumentNode a = NodeAt(document, "a");
-  EXPECT_THAT(document.GetMultipleValues("b", &a), IsEmpty());
-  EXPECT_EQ("1", document.GetSingleValue("a", nullptr));
+  EXPECT_THAT(document.SelectNodes("b", &a), IsEmpty());
+  EXPECT_EQ(a.Handle(), document.Implementation().SearchContext()->node);
 }
 
 }  // namespace
