@@ -16,6 +16,7 @@ void AddAllWork(const std::string& settingsFile) {
   bench::AddItemPairs();
   bench::AddGeometryPairs();
   bench::AddSettingsPairs(settingsFile);
+  bench::AddMaskPairs();
   bench::AddCheckWork();
 }
 

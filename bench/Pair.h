@@ -46,6 +46,7 @@ void AddProfilePairs();
 void AddItemPairs();
 void AddGeometryPairs();
 void AddSettingsPairs(const std::string& settingsFile);
+void AddMaskPairs();
 
 /// Registers the work of analytics-settingsctl, which nobody would do by hand.
 void AddCheckWork();
