@@ -73,6 +73,7 @@ class WindowBlankingChangesImpl : public tavrel::settings::IChangeCallback {
 
   // First, so that it outlives the client: changes come until that is destroyed.
   DeliveryGate m_gate;
+  const WindowBlankingRegions m_reader;
   std::vector<SubscriberEntry> m_subscribers;  // under m_mutex
   Mutex m_mutex;
   tagWindowBlankingRegions m_regions;  // under m_mutex
@@ -137,7 +138,7 @@ void WindowBlankingChangesImpl::SetConfiguration(const tagWindowBlankingRegions&
 /// Brings the record up to date, or leaves it as far as it got. m_mutex held.
 void WindowBlankingChangesImpl::TryRefresh() {
   try {
-    RefreshRegions(m_settings, m_groupCount, m_regions);
+    m_reader.Refresh(m_settings, m_groupCount, m_regions);
   } catch (...) {  // protects subscribers: those of a started subscription are called in any case
   }
 }
