@@ -86,13 +86,13 @@ DocumentNode* Document::DocumentImpl::SelectRootNode() {
 }
 
 DocumentNode* Document::DocumentImpl::SelectNode(const std::string& path, DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), context, path, Selection::kFirst);
+  const Selection selected(m_searchContext.get(), context, path.c_str(), Selection::kFirst);
   return selected.Count() > 0 ? new DocumentNode(selected.Node(0)) : nullptr;
 }
 
 std::vector<DocumentNode*> Document::DocumentImpl::SelectNodes(const std::string& path,
                                                                DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), context, path);
+  const Selection selected(m_searchContext.get(), context, path.c_str());
   OwnedNodes nodes;
   nodes.Reserve(static_cast<std::size_t>(selected.Count()));
   for (int index = 0; index < selected.Count(); ++index) nodes.Add(selected.Node(index));
@@ -100,12 +100,12 @@ std::vector<DocumentNode*> Document::DocumentImpl::SelectNodes(const std::string
 }
 
 std::string Document::DocumentImpl::GetValue(const std::string& path, DocumentNode* context) {
-  return Selection(m_searchContext.get(), context, path, Selection::kFirst).FirstText();
+  return Selection(m_searchContext.get(), context, path.c_str(), Selection::kFirst).FirstText();
 }
 
 std::vector<std::string> Document::DocumentImpl::GetValues(const std::string& path,
                                                            DocumentNode* context) {
-  const Selection selected(m_searchContext.get(), context, path);
+  const Selection selected(m_searchContext.get(), context, path.c_str());
   std::vector<std::string> texts;
   for (int index = 0; index < selected.Count(); ++index) {
     std::string text = selected.Text(index);
@@ -127,7 +127,7 @@ double Document::DocumentImpl::GetNumericValue(const std::string& path, double d
 }
 
 int Document::DocumentImpl::DeleteNodes(const std::string& path, DocumentNode* context) {
-  return Selection(m_searchContext.get(), context, path).Delete();
+  return Selection(m_searchContext.get(), context, path.c_str()).Delete();
 }
 
 std::string Document::DocumentImpl::DumpToString() {

@@ -46,7 +46,7 @@ void DocumentNode::SetValue(const std::string& value) {
 
 std::string DocumentNode::GetProperty(const std::string& name) {
   if (!m_handle || name.empty()) return std::string();
-  return AttributeText(Node(m_handle), name);
+  return AttributeText(Node(m_handle), name.c_str());
 }
 
 void DocumentNode::SetProperty(const std::string& name, const std::string& value) {

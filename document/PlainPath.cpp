@@ -10,13 +10,25 @@
 namespace analytics {
 namespace {
 
-bool IsNameStart(char byte) {
+constexpr bool IsNameStart(char byte) {
   return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
 }
 
-bool IsNameByte(char byte) {
-  return IsNameStart(byte) || (byte >= '0' && byte <= '9') || byte == '.' || byte == '-';
-}
+/// Which bytes a name consists of, as a table: reading names takes a good part of a query's time.
+struct NameBytes {
+  constexpr NameBytes() {
+    for (int code = 0; code < 128; ++code) {
+      const char byte = static_cast<char>(code);
+      has[code] = IsNameStart(byte) || (byte >= '0' && byte <= '9') || byte == '.' || byte == '-';
+    }
+  }
+
+  bool has[256] = {};
+};
+
+constexpr NameBytes kNameBytes;
+
+bool IsNameByte(char byte) { return kNameBytes.has[static_cast<unsigned char>(byte)]; }
 
 /// Longer names are left to libxml2, which has its own limits of them.
 constexpr std::ptrdiff_t kLongestName = 1000;
@@ -39,15 +51,19 @@ class PathReader {
     return true;
   }
 
-  /// Empty where no name starts. A part of a name that is too long, which nothing plain follows.
+  /// Empty where no name starts, or one that is too long.
   PathText Name() {
     const char* const begin = m_at;
-    if (IsNameStart(*m_at))
-      while (IsNameByte(*m_at) && m_at - begin < kLongestName) ++m_at;
-    return {begin, static_cast<std::size_t>(m_at - begin)};
+    const char* end = begin;
+    if (IsNameStart(*end))
+      while (IsNameByte(*end)) ++end;
+    if (end - begin > kLongestName) return PathText();
+    m_at = end;
+    return {begin, static_cast<std::size_t>(end - begin)};
   }
 
   bool Step(PathStep& step) {
+    step = PathStep();
     step.name = Name();
     if (!step.name.IsEmpty() && Skip(':')) {
       step.uri = Uri(step.name);
@@ -67,29 +83,28 @@ class PathReader {
   bool Literal(PathText& value) {
     const char quote = *m_at;
     if (quote != '\'' && quote != '"') return false;
-    const char* const begin = ++m_at;
-    while (*m_at >= ' ' && *m_at <= '~' && *m_at != quote) ++m_at;
-    value = {begin, static_cast<std::size_t>(m_at - begin)};
+    const char* const begin = m_at + 1;
+    const char* end = begin;
+    while (*end >= ' ' && *end <= '~' && *end != quote) ++end;
+    value = {begin, static_cast<std::size_t>(end - begin)};
+    m_at = end;
     return Skip(quote);
   }
 
-  const char* Uri(const PathText& prefix) const {
+  /// Looked up once where all names have the same prefix.
+  const char* Uri(const PathText& prefix) {
+    if (m_uri && prefix.Equals(m_prefix)) return m_uri;
     const std::string text(prefix.begin, prefix.length);
-    return reinterpret_cast<const char*>(xmlXPathNsLookup(m_searchContext, XmlText(text)));
+    m_uri = reinterpret_cast<const char*>(xmlXPathNsLookup(m_searchContext, XmlText(text)));
+    m_prefix = prefix;
+    return m_uri;
   }
 
   const char* m_at;
   const xmlXPathContextPtr m_searchContext;
+  PathText m_prefix{};          // the last one
+  const char* m_uri = nullptr;  // that of m_prefix
 };
-
-/// Whether a node is in the namespace `uri`. One without URI is none for some paths of libxml2 and
-/// one of its own for others.
-PathAnswer IsIn(const xmlNode* node, const char* uri) {
-  if (!node->ns) return uri ? PathAnswer::kNo : PathAnswer::kYes;
-  if (!node->ns->href) return PathAnswer::kUncertain;
-  const char* const href = reinterpret_cast<const char*>(node->ns->href);
-  return uri && std::strcmp(href, uri) == 0 ? PathAnswer::kYes : PathAnswer::kNo;
-}
 
 /// The first attribute from `attribute` on that a name without prefix stands for: as libxml2 has
 /// it, also one in a namespace that has no prefix.
@@ -116,33 +131,46 @@ PathAnswer MeetsCondition(const xmlNode* node, const PathStep& step) {
   return PathAnswer::kNo;
 }
 
-/// Whether a node is an element that a step selects, wherever it stands.
-PathAnswer Match(const xmlNode* node, const PathStep& step) {
+/// Whether the first look tells that a node is not what a step selects, as it does of most.
+bool IsOther(const xmlNode* node, const PathStep& step) {
+  return node->type == XML_ELEMENT_NODE && !step.name.Equals(node->name);
+}
+
+/// Whether something that is no element certainly holds none that libxml2 would find.
+bool HoldsNoElement(const xmlNode* node) {
   switch (node->type) {
-    case XML_ELEMENT_NODE:
-      break;
-    case XML_TEXT_NODE:
     case XML_CDATA_SECTION_NODE:
     case XML_ENTITY_REF_NODE:
     case XML_PI_NODE:
     case XML_COMMENT_NODE:
     case XML_DOCUMENT_NODE:  // above the root
     case XML_DTD_NODE:
-      return PathAnswer::kNo;
+      return true;
     default:
-      return PathAnswer::kUncertain;  // libxml2 may find elements within it
+      return false;
   }
-  if (!step.name.Equals(node->name)) return PathAnswer::kNo;
-  const PathAnswer isInNamespace = IsIn(node, step.uri);
-  return isInNamespace == PathAnswer::kYes ? MeetsCondition(node, step) : isInNamespace;
+}
+
+/// The first from a node on that is no text; about half of all nodes are the blanks between
+/// elements.
+xmlNodePtr SkipTexts(xmlNodePtr node) {
+  while (node && node->type == XML_TEXT_NODE) node = node->next;
+  return node;
+}
+
+/// The node after `node` in a walk below `top`, and its depth: the first below it, where the walk
+/// is to go there and there is one, or else the next that is not below it.
+xmlNodePtr NextNode(xmlNodePtr node, const xmlNode* top, bool goesDown, int& depth) {
+  xmlNodePtr next = goesDown ? SkipTexts(node->children) : nullptr;
+  if (next) ++depth;
+  for (; !next && node != top; node = node->parent) {
+    next = SkipTexts(node->next);
+    if (!next) --depth;
+  }
+  return next;
 }
 
 }  // namespace
-
-bool PathText::Equals(const xmlChar* text) const {
-  const char* const other = reinterpret_cast<const char*>(text);
-  return other && std::strncmp(begin, other, length) == 0 && other[length] == '\0';
-}
 
 PlainPath::PlainPath(const char* text, xmlXPathContextPtr searchContext)
     : m_document(searchContext->doc), m_isPlain(Read(text, searchContext)) {}
@@ -161,46 +189,76 @@ bool PlainPath::Read(const char* text, xmlXPathContextPtr searchContext) {
   return false;
 }
 
-bool PlainPath::Select(xmlNodePtr start, bool firstOnly, std::vector<xmlNodePtr>& found) const {
+bool PlainPath::Select(xmlNodePtr start, bool firstOnly, NodeList& found) {
   if (!m_isPlain) return false;
-  if (m_isAnywhere) return Walk(reinterpret_cast<xmlNodePtr>(m_document), firstOnly, found);
-  return start && start->type == XML_ELEMENT_NODE && Walk(start, firstOnly, found);
+  if (m_isAnywhere) return WalkAll(firstOnly, found);
+  return start && start->type == XML_ELEMENT_NODE && WalkSteps(start, firstOnly, found);
 }
 
-/// Goes through what may be selected below `top`, parents first, and no deeper than it must.
-bool PlainPath::Walk(xmlNodePtr top, bool firstOnly, std::vector<xmlNodePtr>& found) const {
+/// Goes through the whole document, parents first.
+bool PlainPath::WalkAll(bool firstOnly, NodeList& found) {
+  const xmlNodePtr top = reinterpret_cast<xmlNodePtr>(m_document);
+  const PathStep& last = m_steps[m_count - 1];
   int depth = 1;
-  for (xmlNodePtr node = top->children; node;) {
-    const PathAnswer answer = m_isAnywhere ? MatchUpwards(node) : Match(node, m_steps[depth - 1]);
-    if (answer == PathAnswer::kUncertain) return false;
-    const bool isStep = answer == PathAnswer::kYes;
-    if (isStep && (m_isAnywhere || depth == m_count)) Take(node, found);
-    if (firstOnly && !found.empty()) return true;
-    const bool leadsOn = m_isAnywhere ? node->type == XML_ELEMENT_NODE : isStep && depth < m_count;
-    if (leadsOn && node->children) {
-      if (++depth > kDeepest) return false;
-      node = node->children;
-      continue;
-    }
-    for (; node != top && !node->next; --depth) node = node->parent;
-    node = node == top ? nullptr : node->next;
+  for (xmlNodePtr node = SkipTexts(top->children); node;) {
+    const PathAnswer answer = IsOther(node, last) ? PathAnswer::kNo : MatchUpwards(node);
+    if (answer == PathAnswer::kUncertain || depth > kDeepest) return false;
+    if (answer == PathAnswer::kYes) Take(node, found);
+    if (firstOnly && found.Count() > 0) return true;
+    node = NextNode(node, top, node->type == XML_ELEMENT_NODE, depth);
   }
   return true;
 }
 
+/// Goes through what the steps select below `top`, and no deeper.
+bool PlainPath::WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) {
+  int depth = 1;
+  for (xmlNodePtr node = SkipTexts(top->children); node;) {
+    const PathAnswer answer = Match(node, m_steps[depth - 1]);
+    if (answer == PathAnswer::kUncertain) return false;
+    const bool isStep = answer == PathAnswer::kYes;
+    if (isStep && depth == m_count) Take(node, found);
+    if (firstOnly && found.Count() > 0) return true;
+    node = NextNode(node, top, isStep && depth < m_count, depth);
+  }
+  return true;
+}
+
+/// Whether a node is an element that a step selects, wherever it stands.
+PathAnswer PlainPath::Match(const xmlNode* node, const PathStep& step) {
+  if (IsOther(node, step)) return PathAnswer::kNo;
+  if (node->type != XML_ELEMENT_NODE)
+    return HoldsNoElement(node) ? PathAnswer::kNo : PathAnswer::kUncertain;
+  const PathAnswer isInNamespace = IsIn(node->ns, step.uri);
+  return isInNamespace == PathAnswer::kYes ? MeetsCondition(node, step) : isInNamespace;
+}
+
+/// Whether a namespace is the one of `uri`, or none where that is null. A namespace without URI is
+/// none for some paths of libxml2 and one of its own for others.
+PathAnswer PlainPath::IsIn(const xmlNs* ns, const char* uri) {
+  if (!ns) return uri ? PathAnswer::kNo : PathAnswer::kYes;
+  if (!ns->href) return PathAnswer::kUncertain;
+  if (!uri) return PathAnswer::kNo;
+  if (ns == m_known && uri == m_knownUri) return PathAnswer::kYes;
+  if (std::strcmp(reinterpret_cast<const char*>(ns->href), uri) != 0) return PathAnswer::kNo;
+  m_known = ns;
+  m_knownUri = uri;
+  return PathAnswer::kYes;
+}
+
 /// Whether a node is what the last step selects, and those above it what the steps before select.
-PathAnswer PlainPath::MatchUpwards(const xmlNode* node) const {
+PathAnswer PlainPath::MatchUpwards(const xmlNode* node) {
   PathAnswer answer = PathAnswer::kYes;
   for (int step = m_count; step > 0 && answer == PathAnswer::kYes; node = node->parent)
     answer = Match(node, m_steps[--step]);
   return answer;
 }
 
-void PlainPath::Take(xmlNodePtr element, std::vector<xmlNodePtr>& found) const {
-  if (m_attribute.IsEmpty()) return found.push_back(element);
+void PlainPath::Take(xmlNodePtr element, NodeList& found) const {
+  if (m_attribute.IsEmpty()) return found.Add(element);
   xmlAttrPtr attribute = FindAttribute(element->properties, m_attribute);
   for (; attribute; attribute = FindAttribute(attribute->next, m_attribute))
-    found.push_back(reinterpret_cast<xmlNodePtr>(attribute));
+    found.Add(reinterpret_cast<xmlNodePtr>(attribute));
 }
 
 }  // namespace analytics

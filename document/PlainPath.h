@@ -1,28 +1,37 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
-#include <vector>
+#include <cstring>
 
 #include <libxml/xpath.h>
+
+#include "document/NodeList.h"
 
 namespace analytics {
 
 /// A piece of a path's text.
 struct PathText {
-  const char* begin = nullptr;
-  std::size_t length = 0;
+  const char* begin;
+  std::size_t length;
 
   bool IsEmpty() const { return length == 0; }
 
   /// Whether it equals a text of libxml2, which may be null.
-  bool Equals(const xmlChar* text) const;
+  bool Equals(const xmlChar* text) const {
+    const char* const other = reinterpret_cast<const char*>(text);
+    if (!other || (length > 0 && *other != *begin)) return false;  // as for most without a call
+    return std::strncmp(other, begin, length) == 0 && other[length] == '\0';
+  }
+
+  bool Equals(const PathText& other) const {
+    return length == other.length && std::memcmp(begin, other.begin, length) == 0;
+  }
 };
 
 /// Elements of a name and, where `attribute` is not empty, with `value` in that attribute.
 struct PathStep {
   PathText name;
-  const char* uri = nullptr;  // null: in no namespace; owned by the search context
+  const char* uri;  // null: in no namespace; owned by the search context
   PathText attribute;
   PathText value;
 };
@@ -47,20 +56,25 @@ class PlainPath {
   /// @param start      where a path without "//" starts
   /// @param firstOnly  whether to end at the first
   /// @return whether the walk was certain; if not, `found` means nothing
-  bool Select(xmlNodePtr start, bool firstOnly, std::vector<xmlNodePtr>& found) const;
+  bool Select(xmlNodePtr start, bool firstOnly, NodeList& found);
 
  private:
   static constexpr int kMostSteps = 8;
 
   bool Read(const char* text, xmlXPathContextPtr searchContext);
-  bool Walk(xmlNodePtr top, bool firstOnly, std::vector<xmlNodePtr>& found) const;
-  PathAnswer MatchUpwards(const xmlNode* node) const;
-  void Take(xmlNodePtr element, std::vector<xmlNodePtr>& found) const;
+  bool WalkAll(bool firstOnly, NodeList& found);
+  bool WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found);
+  PathAnswer Match(const xmlNode* node, const PathStep& step);
+  PathAnswer IsIn(const xmlNs* ns, const char* uri);
+  PathAnswer MatchUpwards(const xmlNode* node);
+  void Take(xmlNodePtr element, NodeList& found) const;
 
-  PathStep m_steps[kMostSteps];
+  PathStep m_steps[kMostSteps];  // those beyond m_count are not set
   int m_count = 0;
-  PathText m_attribute;  // of the last element; empty: the element itself is selected
+  PathText m_attribute{};  // of the last element; empty: the element itself is selected
   xmlDocPtr m_document;
+  const xmlNs* m_known = nullptr;  // the last that was found to be of m_knownUri: nodes share them
+  const char* m_knownUri = nullptr;
   bool m_isAnywhere = false;  // whether the path starts with "//"
   bool m_isPlain;
 };

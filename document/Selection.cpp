@@ -19,18 +19,18 @@ xmlNodePtr ContextNode(xmlDocPtr document, DocumentNode* context) {
   return context ? static_cast<xmlNodePtr>(context->Handle()) : xmlDocGetRootElement(document);
 }
 
-Selection::Selection(xmlXPathContextPtr searchContext, DocumentNode* context,
-                     const std::string& path, Extent extent)
+Selection::Selection(xmlXPathContextPtr searchContext, DocumentNode* context, const char* path,
+                     Extent extent)
     : m_searchContext(searchContext) {
   if (!searchContext) return;  // first: with the document closed, `context` may dangle
   const xmlNodePtr start = ContextNode(searchContext->doc, context);
   searchContext->node = start;
-  if (PlainPath(path.c_str(), searchContext).Select(start, extent == kFirst, m_walked)) {
-    m_nodes = m_walked.data();
-    m_count = static_cast<int>(m_walked.size());
+  if (PlainPath(path, searchContext).Select(start, extent == kFirst, m_walked)) {
+    m_nodes = m_walked.Nodes();
+    m_count = m_walked.Count();
     return;
   }
-  m_result.reset(xmlXPathEvalExpression(XmlText(path), searchContext));
+  m_result.reset(xmlXPathEvalExpression(reinterpret_cast<const xmlChar*>(path), searchContext));
   m_count = NodeCount(m_result.get());
   if (m_count > 0) m_nodes = m_result->nodesetval->nodeTab;
 }

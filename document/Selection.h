@@ -1,10 +1,10 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include <analytics/DocumentNode.h>
 
+#include "document/NodeList.h"
 #include "document/XmlHandle.h"
 
 namespace analytics {
@@ -26,7 +26,7 @@ class Selection {
   /// A plain path is answered by a walk over the tree, any other by libxml2.
   ///
   /// @param searchContext  null for a document that is not open; nothing else is looked at then
-  Selection(xmlXPathContextPtr searchContext, DocumentNode* context, const std::string& path,
+  Selection(xmlXPathContextPtr searchContext, DocumentNode* context, const char* path,
             Extent extent = kAll);
 
   Selection(const Selection&) = delete;
@@ -51,9 +51,9 @@ class Selection {
 
  private:
   xmlXPathContextPtr m_searchContext;
-  std::vector<xmlNodePtr> m_walked;  // what a walk found
-  XmlPtr<xmlXPathObject> m_result;   // what libxml2 found
-  xmlNodePtr* m_nodes = nullptr;     // of the one or the other
+  NodeList m_walked;                // what a walk found
+  XmlPtr<xmlXPathObject> m_result;  // what libxml2 found
+  xmlNodePtr* m_nodes = nullptr;    // of the one or the other
   int m_count = 0;
 };
 

@@ -1,38 +1,33 @@
 #pragma once
 
-#include <algorithm>
-#include <climits>
-#include <cstddef>
-#include <cstdint>
 #include <locale>
 #include <sstream>
 #include <string>
 
 namespace analytics {
 
-/// Reads a number as a stream under the global locale does.
-template <typename Number>
-Number NumberFromStream(const std::string& text, Number fallback) {
-  std::istringstream stream(text);
-  stream.exceptions(std::ios::badbit);  // else the stream keeps std::bad_alloc to itself
-  Number value = fallback;
-  stream >> value;  // the stream's state is not looked at
-  return value;
-}
+/// A stream that reads a text under the global locale.
+class TextStream {
+ public:
+  explicit TextStream(const std::string& text);
+  ~TextStream();
+
+  TextStream(const TextStream&) = delete;
+  TextStream& operator=(const TextStream&) = delete;
+
+  /// Gives a number as the stream reads it; the stream's state is not looked at.
+  template <typename Number>
+  Number Read(Number fallback) {
+    m_stream >> fallback;
+    return fallback;
+  }
+
+ private:
+  std::istringstream m_stream;
+};
 
 /// Reads an integer as a stream under the classic locale does.
-inline int IntegerOfClassicLocale(const std::string& text, int fallback) {
-  constexpr std::int64_t beyondAnyInt = std::int64_t{INT_MAX} * 2;
-  std::size_t at = text.find_first_not_of(" \t\n\v\f\r");
-  if (at == std::string::npos) return fallback;
-  const bool isNegative = text[at] == '-';
-  if (isNegative || text[at] == '+') ++at;
-  std::int64_t number = 0;
-  for (; text[at] >= '0' && text[at] <= '9'; ++at)  // the text's end is NUL
-    number = std::min(number * 10 + (text[at] - '0'), beyondAnyInt);
-  if (isNegative) number = -number;
-  return static_cast<int>(std::max<std::int64_t>(INT_MIN, std::min<std::int64_t>(INT_MAX, number)));
-}
+int IntegerOfClassicLocale(const std::string& text, int fallback);
 
 /// Reads the number that `text` starts with; the one place of this library's conversion rules.
 ///
@@ -41,18 +36,29 @@ inline int IntegerOfClassicLocale(const std::string& text, int fallback) {
 template <typename Number>
 Number NumberFromText(const std::string& text, Number fallback) {
   if (text.empty()) return fallback;  // the usual case of an absent text, without a stream
-  return NumberFromStream(text, fallback);
+  return TextStream(text).Read(fallback);
 }
 
-/// As above. A stream takes longer than the query that found the text, and is used only where the
-/// global locale may have rules of its own.
+/// Reads integers as `NumberFromText`, all under the global locale of when it was made.
+///
+/// A stream takes longer than the query that found the text, and is used only where the locale may
+/// have rules of its own.
+class IntegerReader {
+ public:
+  int operator()(const std::string& text, int fallback) const {
+    return m_isClassic ? IntegerOfClassicLocale(text, fallback) : TextStream(text).Read(fallback);
+  }
+
+ private:
+  const bool m_isClassic = std::locale() == std::locale::classic();
+};
+
 template <>
 inline int NumberFromText(const std::string& text, int fallback) {
-  return std::locale() == std::locale::classic() ? IntegerOfClassicLocale(text, fallback)
-                                                 : NumberFromStream(text, fallback);
+  return IntegerReader()(text, fallback);
 }
 
 /// Writes a number in plain decimal whatever the locale: another process reads it in its own.
-inline std::string TextFromNumber(int value) { return std::to_string(value); }
+std::string TextFromNumber(int value);
 
 }  // namespace analytics

@@ -34,11 +34,12 @@ inline std::string NodeText(xmlDocPtr document, const xmlNode* node) {
 }
 
 /// The value of an attribute, or the default that the document type declares; "" without either.
-inline std::string AttributeText(xmlNodePtr node, const std::string& name) {
-  const xmlAttr* const attribute = xmlHasProp(node, XmlText(name));
+inline std::string AttributeText(xmlNodePtr node, const char* name) {
+  const xmlChar* const xmlName = reinterpret_cast<const xmlChar*>(name);
+  const xmlAttr* const attribute = xmlHasProp(node, xmlName);
   if (!attribute) return std::string();
   if (attribute->type == XML_ATTRIBUTE_NODE) return ListText(attribute->doc, attribute->children);
-  return CopyText(XmlPtr<xmlChar>(xmlGetProp(node, XmlText(name))).get());
+  return CopyText(XmlPtr<xmlChar>(xmlGetProp(node, xmlName)).get());
 }
 
 }  // namespace analytics

@@ -20,7 +20,8 @@ std::uint8_t ColourPart(const IniFile& settings, const std::string& group, const
 
 WindowBlankingRegions::WindowBlankingRegions() {
   int number = 0;
-  for (std::string& group : m_regionGroups) group = m_group + "/Region#" + std::to_string(++number);
+  for (std::string& group : m_regionGroups)
+    group.append(m_group).append("/Region#").append(std::to_string(++number));
 }
 
 void WindowBlankingRegions::Refresh(const IniFile& settings, std::uint32_t& groupCount,

@@ -13,24 +13,24 @@ using PointPair = types::Point[2];
 
 /// Path from a rule or engine to the vendor's calibration element.
 std::string CalibrationQry() {
-  std::string query = ProfileDoc::ElementItemQry(true);
-  query.append("[@Name=\"Calibration\"]/");
+  QueryText query;
+  query.Add(ProfileDoc::ElementItemQry(true)).Add("[@Name=\"Calibration\"]/");
   AddKestalName(query, "Calibration");
-  return query;
+  return query.c_str();
 }
 
 std::string PieceQry(const std::string& calibrationQry, const char* tag) {
-  std::string query = EmptyQuery();
-  query.append(calibrationQry).append(1, '/');
+  QueryText query;
+  query.Add(calibrationQry).Add("/");
   AddKestalName(query, tag);
-  return query;
+  return query.c_str();
 }
 
 std::string LineQry(const std::string& calibrationQry, const char* tag) {
-  std::string query = PieceQry(calibrationQry, tag);
-  query += '/';
+  QueryText query;
+  query.Add(PieceQry(calibrationQry, tag)).Add("/");
   AddOnvifName(query, "Point");
-  return query;
+  return query.c_str();
 }
 
 /// Paths to the pieces of a calibration, made in this order.

@@ -6,8 +6,24 @@
 
 #include "document/DocumentImpl.h"
 #include "document/Selection.h"
+#include "document/TypedText.h"
+#include "document/XmlText.h"
 
 namespace analytics {
+namespace {
+
+/// Reads attributes of geometry.
+class CoordinateReader {
+ public:
+  int operator()(xmlNodePtr node, const char* name, int absent) const {
+    return m_read(AttributeText(node, name), absent);
+  }
+
+ private:
+  const IntegerReader m_read;
+};
+
+}  // namespace
 
 bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
   if (!node) return false;
@@ -17,12 +33,14 @@ bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
 
 bool ProfileDoc::GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                            DocumentNode* context) {
-  const Selection selected(m_impl->SearchContext(), context, xpath);
+  const CoordinateReader read;
+  const Selection selected(m_impl->SearchContext(), context, xpath.c_str());
+  if (points.empty()) points.reserve(static_cast<std::size_t>(selected.Count()));
   for (int index = 0; index < selected.Count(); ++index) {
-    DocumentNode node(selected.Node(index));
+    const xmlNodePtr node = selected.Node(index);
     // Deliberate: an absent coordinate is 0 here, whatever a derived PointFromNode does. Kept for
     // compatibility: installed runtimes see it.
-    points.push_back(types::Point{node.GetProperty("x", 0), node.GetProperty("y", 0)});
+    points.push_back(types::Point{read(node, "x", 0), read(node, "y", 0)});
   }
   return selected.Count() > 0;
 }
@@ -37,13 +55,14 @@ bool ProfileDoc::GetLine(types::Point (&line)[2], const std::string& xpath, Docu
 
 bool ProfileDoc::GetRectangle(types::Point (&rect)[2], const std::string& xpath,
                               DocumentNode* context) {
-  const Selection selected(m_impl->SearchContext(), context, xpath, Selection::kFirst);
+  const Selection selected(m_impl->SearchContext(), context, xpath.c_str(), Selection::kFirst);
   if (selected.Count() == 0) return false;
-  DocumentNode node(selected.Node(0));
-  rect[0].x = node.GetProperty("left", rect[0].x);
-  rect[0].y = node.GetProperty("top", rect[0].y);
-  rect[1].x = node.GetProperty("right", rect[1].x);
-  rect[1].y = node.GetProperty("bottom", rect[1].y);
+  const CoordinateReader read;
+  const xmlNodePtr node = selected.Node(0);
+  rect[0].x = read(node, "left", rect[0].x);
+  rect[0].y = read(node, "top", rect[0].y);
+  rect[1].x = read(node, "right", rect[1].x);
+  rect[1].y = read(node, "bottom", rect[1].y);
   return true;
 }
 

@@ -10,30 +10,19 @@
 #include "document/DocumentImpl.h"
 #include "document/Selection.h"
 #include "document/TypedText.h"
+#include "document/XmlText.h"
 #include "profile/ProfileQueries.h"
 
 namespace analytics {
 namespace {
 
-/// The items of a kind below a rule or engine, or below its "Parameters" element.
-std::string ItemsQry(const char* tag, bool throughParameters) {
-  std::string query = EmptyQuery();
-  if (throughParameters) {
-    AddOnvifName(query, "Parameters");
-    query += '/';
-  }
-  AddOnvifName(query, tag);
+QueryText NamedItemQry(const std::string& name, bool throughParameters) {
+  QueryText query = ItemsQry("SimpleItem", throughParameters);
+  query.Add("[@Name='").Add(name).Add("']");
   return query;
 }
 
-std::string NamedItemQry(const std::string& name, bool throughParameters) {
-  std::string query = ItemsQry("SimpleItem", throughParameters);
-  query.append("[@Name='").append(name).append("']");
-  return query;
-}
-
-template <typename Value>
-void AddItem(DocumentNode* parameters, const std::string& name, const Value& value) {
+void AddItem(DocumentNode* parameters, const std::string& name, const std::string& value) {
   const std::unique_ptr<DocumentNode> item(
       parameters ? parameters->AddNewChild("SimpleItem", std::string()) : nullptr);
   // Deliberate: without a place for the item nothing is written, and success is reported. Kept for
@@ -43,27 +32,25 @@ void AddItem(DocumentNode* parameters, const std::string& name, const Value& val
   item->SetProperty("Value", value);
 }
 
-template <typename Value>
-bool SetItem(xmlXPathContextPtr searchContext, const std::string& itemQry, const Value& value,
+bool SetItem(xmlXPathContextPtr searchContext, const QueryText& itemQry, const std::string& value,
              DocumentNode* context) {
-  const Selection items(searchContext, context, itemQry, Selection::kFirst);
+  const Selection items(searchContext, context, itemQry.c_str(), Selection::kFirst);
   if (items.Count() == 0) return false;
   DocumentNode(items.Node(0)).SetProperty("Value", value);
   return true;
 }
 
-template <typename Value>
-bool SetOrAddItem(xmlXPathContextPtr searchContext, const std::string& name, const Value& value,
-                  DocumentNode* parameters) {
+bool SetOrAddItem(xmlXPathContextPtr searchContext, const std::string& name,
+                  const std::string& value, DocumentNode* parameters) {
   if (!SetItem(searchContext, NamedItemQry(name, false), value, parameters))
     AddItem(parameters, name, value);
   return true;
 }
 
-std::string ItemText(xmlXPathContextPtr searchContext, const std::string& itemQry,
+std::string ItemText(xmlXPathContextPtr searchContext, const QueryText& itemQry,
                      DocumentNode* context) {
-  const Selection items(searchContext, context, itemQry, Selection::kFirst);
-  return items.Count() > 0 ? DocumentNode(items.Node(0)).GetProperty("Value") : std::string();
+  const Selection items(searchContext, context, itemQry.c_str(), Selection::kFirst);
+  return items.Count() > 0 ? AttributeText(items.Node(0), "Value") : std::string();
 }
 
 /// Tells whether rules are active; the query is made once for all of them.
@@ -73,22 +60,23 @@ class ActivityCheck {
       : m_searchContext(searchContext), m_activeQry(NamedItemQry("Active", true)) {}
 
   bool operator()(DocumentNode& rule) const {
-    return NumberFromText(ItemText(m_searchContext, m_activeQry, &rule), 0) != 0;
+    return m_read(ItemText(m_searchContext, m_activeQry, &rule), 0) != 0;
   }
 
  private:
   const xmlXPathContextPtr m_searchContext;
-  const std::string m_activeQry;
+  const QueryText m_activeQry;
+  const IntegerReader m_read;
 };
 
 }  // namespace
 
 std::string ProfileDoc::SimpleItemQry(bool throughParameters) {
-  return ItemsQry("SimpleItem", throughParameters);
+  return ItemsQry("SimpleItem", throughParameters).c_str();
 }
 
 std::string ProfileDoc::ElementItemQry(bool throughParameters) {
-  return ItemsQry("ElementItem", throughParameters);
+  return ItemsQry("ElementItem", throughParameters).c_str();
 }
 
 std::string ProfileDoc::GetSimpleItemValue(const std::string& name, DocumentNode* context,
@@ -102,7 +90,7 @@ int ProfileDoc::GetSimpleItemValue(const std::string& name, int defaultValue, Do
 }
 
 bool ProfileDoc::SetSimpleItemValue(const std::string& name, int value, DocumentNode* context) {
-  return SetItem(m_impl->SearchContext(), NamedItemQry(name, true), value, context);
+  return SetItem(m_impl->SearchContext(), NamedItemQry(name, true), TextFromNumber(value), context);
 }
 
 bool ProfileDoc::SetSimpleItemValue(const std::string& name, const std::string& value,
@@ -112,7 +100,7 @@ bool ProfileDoc::SetSimpleItemValue(const std::string& name, const std::string& 
 
 bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, int value,
                                          DocumentNode* parameters) {
-  return SetOrAddItem(m_impl->SearchContext(), name, value, parameters);
+  return SetOrAddItem(m_impl->SearchContext(), name, TextFromNumber(value), parameters);
 }
 
 bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, const std::string& value,
@@ -121,7 +109,7 @@ bool ProfileDoc::SetOrAddSimpleItemValue(const std::string& name, const std::str
 }
 
 bool ProfileDoc::RuleIsActive(const std::string& type) {
-  const Selection rules(m_impl->SearchContext(), nullptr, RuleQry(type));
+  const Selection rules(m_impl->SearchContext(), nullptr, RuleQry(type).c_str());
   const ActivityCheck isActive(m_impl->SearchContext());
   bool isAnyActive = false;
   for (int index = 0; index < rules.Count(); ++index) {
@@ -134,12 +122,12 @@ bool ProfileDoc::RuleIsActive(const std::string& type) {
 std::vector<std::string> ProfileDoc::ActiveRules() {
   std::vector<std::string> types;
   std::unordered_set<std::string> known;
-  const Selection rules(m_impl->SearchContext(), nullptr, RuleQry(std::string()));
+  const Selection rules(m_impl->SearchContext(), nullptr, RuleQry(std::string()).c_str());
   const ActivityCheck isActive(m_impl->SearchContext());
   for (int index = 0; index < rules.Count(); ++index) {
     DocumentNode rule(rules.Node(index));
     if (!isActive(rule)) continue;
-    std::string type = rule.GetProperty("Type");
+    std::string type = AttributeText(rules.Node(index), "Type");
     if (!type.empty() && known.insert(type).second) types.push_back(std::move(type));
   }
   return types;

@@ -1,25 +1,27 @@
 #include <analytics/Settings.h>
 
+#include "document/QueryText.h"
+
 namespace analytics {
 namespace {
 
-/// A reference "${name}" in a text; the name is empty if there is none to replace.
+/// The name of a variable within a text; empty if there is none to replace.
 struct Reference {
-  std::string name;
   std::string::size_type position;
   std::string::size_type length;
 };
 
-/// Finds the leftmost reference. Its name runs to the first "}", so references do not nest.
+/// Finds the name in the leftmost "${name}". It runs to the first "}", so references do not nest.
 Reference FindVariable(const std::string& text) {
   const std::string::size_type begin = text.find("${");
   const std::string::size_type end = text.find('}', begin);  // nothing follows where nothing begins
-  if (end == std::string::npos) return Reference();
-  return Reference{text.substr(begin + 2, end - begin - 2), begin, end - begin + 1};
+  if (end == std::string::npos) return Reference{0, 0};
+  return Reference{begin + 2, end - begin - 2};
 }
 
 std::string VariableQry(const std::string& name) {
-  return "//variables/variable[@name=\"" + name + "\"]/@value";
+  QueryText query;
+  return query.Add("//variables/variable[@name=\"").Add(name).Add("\"]/@value").c_str();
 }
 
 }  // namespace
@@ -28,8 +30,9 @@ std::string Settings::SubstituteVariables(const std::string& text) {
   std::string result = text;
   // Deliberate: an empty name ends the substitution, and each value is searched again, without end
   // where it leads back to itself. Kept for compatibility: installed runtimes see it.
-  for (Reference found = FindVariable(result); !found.name.empty(); found = FindVariable(result)) {
-    result.replace(found.position, found.length, GetValue(VariableQry(found.name)));
+  for (Reference name = FindVariable(result); name.length > 0; name = FindVariable(result)) {
+    const std::string query = VariableQry(result.substr(name.position, name.length));
+    result.replace(name.position - 2, name.length + 3, GetValue(query));  // with "${" and "}"
   }
   return result;
 }

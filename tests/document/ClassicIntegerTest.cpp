@@ -10,7 +10,7 @@ namespace {
 // Integers of the classic locale are read without a stream, with exactly a stream's answers.
 
 void ExpectAsAStreamReads(const std::string& text) {
-  ASSERT_EQ(NumberFromStream(text, 7), IntegerOfClassicLocale(text, 7))
+  ASSERT_EQ(TextStream(text).Read(7), IntegerOfClassicLocale(text, 7))
       << testing::PrintToString(text);
 }
 

@@ -27,6 +27,17 @@ TEST(AWalk, GivesNestedMatchesInDocumentOrder) {
   EXPECT_THAT(document.GetMultipleValues("//a/b", nullptr), ElementsAre("1", "2", "3"));
 }
 
+TEST(AWalk, GivesAnyNumberOfMatchesInDocumentOrder) {
+  std::string text;
+  std::vector<std::string> expected;
+  for (int number = 1; number <= 100; ++number) {
+    ParsedDocument document("<r>" + (text += "<b>" + std::to_string(number) + "</b>") + "</r>");
+    expected.push_back(std::to_string(number));
+    EXPECT_EQ(expected, document.GetMultipleValues("b", nullptr));
+    EXPECT_EQ(expected, document.GetMultipleValues("//b", nullptr));
+  }
+}
+
 TEST(AWalk, StaysBelowItsStart) {
   ParsedDocument document("<r><a><b>1</b></a><a><b>2</b></a><b>3</b></r>");
   DocumentNode first = NodeAt(document, "a");

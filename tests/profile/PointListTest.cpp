@@ -1,5 +1,6 @@
 #include <analytics/types/Point.h>
 
+#include "tests/document/GlobalLocale.h"
 #include "tests/profile/ProfileTest.h"
 
 namespace analytics {
@@ -31,6 +32,13 @@ TEST_F(APointList, IsAppendedToAndNeverCleared) {
   EXPECT_TRUE(Get("tt:Point"));
   EXPECT_THAT(m_points, ElementsAre(IsPoint(1, 1), IsPoint(2, 2), IsPoint(3, 3), IsPoint(1, 1),
                                     IsPoint(2, 2), IsPoint(3, 3)));
+}
+
+TEST_F(APointList, ReadsCoordinatesAsTheGlobalLocaleGroupsThem) {
+  Parse("<tt:Point x='1,234' y='5'/><tt:Point x='1' y='-2,345'/>");
+  const GlobalLocale grouping(new GroupedNumbers);
+  EXPECT_TRUE(Get("tt:Point"));
+  EXPECT_THAT(m_points, ElementsAre(IsPoint(1234, 5), IsPoint(1, -2345)));
 }
 
 TEST_F(APointList, KeepsWhatItHeldBefore) {

@@ -63,6 +63,15 @@ TEST_F(ASimpleItem, OfARootParametersElementIsReadWithoutContext) {
   EXPECT_EQ(7, m_profile.GetSimpleItemValue("a", 5, nullptr, false));
 }
 
+TEST_F(ASimpleItem, MayHaveANameOfAnyLength) {
+  for (std::size_t length = 1; length <= 400; ++length) {
+    const std::string name(length, 'n');
+    ParseRule("<tt:SimpleItem Name='" + name + "n' Value='1'/><tt:SimpleItem Name='" + name +
+              "' Value='2'/>");
+    EXPECT_EQ("2", Read(name)) << length;
+  }
+}
+
 TEST_F(ASimpleItem, IsNotReadThroughAnEmptyContext) {
   ParseWhole(RootTag("tt:rule") + "<tt:Parameters><tt:SimpleItem Name='a' Value='7'/>" +
              "</tt:Parameters></tt:rule>");
