@@ -5,7 +5,10 @@ add_library(analytics-flags INTERFACE)
 target_compile_options(analytics-flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast)
 
+# The sanitizers of this build, those that come with the compiler's flags included.
+string(REGEX MATCHALL "-fsanitize=[^ ]+" ANALYTICS_SANITIZERS "${CMAKE_CXX_FLAGS}")
 if(ANALYTICS_SANITIZE)
+  list(APPEND ANALYTICS_SANITIZERS -fsanitize=${ANALYTICS_SANITIZE})
   target_compile_options(analytics-flags INTERFACE
     -fsanitize=${ANALYTICS_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(analytics-flags INTERFACE -fsanitize=${ANALYTICS_SANITIZE})
@@ -16,17 +19,27 @@ add_library(analytics-library-options INTERFACE)
 target_compile_options(analytics-library-options INTERFACE ${ANALYTICS_LIBRARY_OPTIONS})
 target_link_options(analytics-library-options INTERFACE ${ANALYTICS_LIBRARY_OPTIONS})
 
-# Shared libraries, ours and the host platform's: hardened, and with nothing visible that is not
-# marked so. A sanitizer's runtime lives in the program, so its symbols stay undefined here.
+# What is installed is hardened, never less than the toolchain does it by itself. Sanitizers want
+# the C library's functions as they are.
+add_library(analytics-hardening INTERFACE)
+target_link_options(analytics-hardening INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fstack-protector-all")
+  target_compile_options(analytics-hardening INTERFACE -fstack-protector-strong)
+endif()
+if(NOT ANALYTICS_SANITIZERS)
+  target_compile_options(analytics-hardening INTERFACE
+    "SHELL:-include \"${PROJECT_SOURCE_DIR}/cmake/Fortify.h\"")
+endif()
+
+# The library: nothing is visible that is not marked so. A sanitizer's runtime lives in the program,
+# so its symbols stay undefined here.
 add_library(analytics-library-flags INTERFACE)
-target_link_libraries(analytics-library-flags INTERFACE analytics-flags analytics-library-options)
+target_link_libraries(analytics-library-flags INTERFACE
+  analytics-flags analytics-hardening analytics-library-options)
 target_compile_options(analytics-library-flags INTERFACE
-  -fvisibility=hidden -fvisibility-inlines-hidden -fstack-protector-strong
+  -fvisibility=hidden -fvisibility-inlines-hidden
   # A unique symbol would keep the library from being unloaded.
   $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
-target_link_options(analytics-library-flags INTERFACE LINKER:-z,relro,-z,now,-z,noexecstack)
-if(NOT ANALYTICS_SANITIZE)
+if(NOT ANALYTICS_SANITIZERS)
   target_link_options(analytics-library-flags INTERFACE LINKER:--no-undefined)
-  target_compile_options(analytics-library-flags INTERFACE
-    $<$<CONFIG:Release,RelWithDebInfo>:-U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2>)
 endif()

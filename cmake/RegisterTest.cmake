@@ -2,7 +2,7 @@
 
 # How many times longer than as it is released a test may take here.
 set(ANALYTICS_TEST_SLOWNESS 1)
-if(ANALYTICS_SANITIZE)
+if(ANALYTICS_SANITIZERS)
   set(ANALYTICS_TEST_SLOWNESS 5)
 endif()
 if(CMAKE_CROSSCOMPILING_EMULATOR)
