@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include <analytics/Version.h>
+
 #include "Commands.h"
 #include "Failure.h"
 #include "Transformed.h"
@@ -92,7 +94,7 @@ int Run(int argc, char** argv) {
   settingsctl::PrepareXml();
   CLI::App app("See, check and try a camera's analytics configuration as its runtime will see it.",
                "analytics-settingsctl");
-  app.set_version_flag("--version", std::string("analytics-settingsctl ") + ANALYTICS_VERSION);
+  app.set_version_flag("--version", "analytics-settingsctl " ANALYTICS_SETTINGS_VERSION);
   app.require_subcommand(1);
   app.footer(kExamples);
   KeepLines(app);
