@@ -1,3 +1,5 @@
+// SPDX-FileCopyrightText: 2026 the analytics-settings authors
+// SPDX-License-Identifier: MIT
 #pragma once
 
 #include <stdint.h>  // NOLINT(modernize-deprecated-headers): C programs read this header too
