@@ -9,7 +9,6 @@ import unittest
 from support import COMMAND, EXAMPLES, SOURCE, CommandTest
 
 COMPLETION = SOURCE / "tools" / "analytics-settingsctl" / "completion"
-PAGES = sorted((SOURCE / "docs" / "man").glob("*.md"))
 
 
 class HelpTest(CommandTest):
@@ -121,19 +120,6 @@ class TheManualPage(HelpTest):
         for row in self.answer("settings", "a.ini").splitlines()[4:]:
             for name in row.split()[0].split("/") if row[0] != " " else ():
                 self.assertIn(f"**{name}**", page)
-
-    @unittest.skipUnless(shutil.which("go-md2man") and shutil.which("man"),
-                         "go-md2man or man is not installed")
-    def test_renders_without_warnings(self):
-        for page in PAGES:
-            with self.subTest(page=page.name):
-                made = self.directory / page.stem
-                subprocess.run(["go-md2man", "-in", page, "-out", made], check=True)
-                done = subprocess.run(["man", "--warnings", "-l", made], check=True, text=True,
-                                      capture_output=True, env={**self.environment,
-                                                                "MANWIDTH": "80"})
-                self.assertEqual(done.stderr, "")
-                self.assertIn("SEE ALSO", done.stdout)
 
 
 class Completion(HelpTest):
