@@ -123,21 +123,27 @@ class TheManualPage(HelpTest):
 
 
 class Completion(HelpTest):
+    def setUp(self):
+        super().setUp()
+        (self.directory / "bin").mkdir()
+        (self.directory / "bin" / "analytics-settingsctl").symlink_to(COMMAND)
+        self.environment["PATH"] += f":{self.directory}/bin"
+
+    def run_shell(self, *arguments):
+        done = subprocess.run(arguments, check=True, capture_output=True, text=True,
+                              cwd=self.directory, env=self.environment)
+        self.assertEqual(done.stderr, "")
+        return done.stdout
+
     def complete(self, *words):
         """What bash offers for the last word."""
-        (self.directory / "analytics-settingsctl").symlink_to(COMMAND)
-        self.environment["PATH"] += f":{self.directory}"
         script = (f'source "{COMPLETION}/analytics-settingsctl.bash"; COMP_WORDS=("$@"); '
                   'COMP_CWORD=$(($# - 1)); _analytics_settingsctl; printf "%s\\n" "${COMPREPLY[@]}"')
-        done = subprocess.run(["bash", "-c", script, "-", "analytics-settingsctl", *words],
-                              check=True, capture_output=True, text=True, cwd=self.directory,
-                              env=self.environment)
-        (self.directory / "analytics-settingsctl").unlink()
-        return done.stdout.split()
+        return self.run_shell("bash", "-c", script, "-", "analytics-settingsctl", *words).split()
 
     def test_offers_every_command(self):
-        self.assertEqual(sorted(self.complete("")),
-                         sorted([*self.commands(), "--help", "--version"]))
+        self.assertEqual({*self.complete(""), *self.complete("-")},
+                         {*self.commands(), "--help", "--version"})
 
     def test_offers_every_option_and_no_other(self):
         for command in self.commands():
@@ -171,6 +177,21 @@ class Completion(HelpTest):
     @unittest.skipUnless(shutil.which("zsh"), "zsh is not installed")
     def test_for_zsh_is_a_script_that_it_can_read(self):
         subprocess.run(["zsh", "-n", COMPLETION / "_analytics-settingsctl"], check=True)
+
+
+@unittest.skipUnless(shutil.which("fish"), "fish is not installed")
+class CompletionForFish(Completion):
+    def complete(self, *words):
+        """What fish offers for the last word."""
+        script = f"source {COMPLETION}/analytics-settingsctl.fish; complete -C \"$argv\""
+        line = "analytics-settingsctl", *words
+        offered = self.run_shell("fish", "--no-config", "-c", script, *line)
+        return [described.split("\t")[0] for described in offered.splitlines()]
+
+    def test_offers_files_only_where_they_are_meant(self):
+        self.write("gate.xml", "")
+        self.assertEqual(self.complete("draw", "--output", "ga"), ["gate.xml"])
+        self.assertEqual(self.complete("watch", "ga"), [])
 
 
 if __name__ == "__main__":
