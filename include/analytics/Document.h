@@ -191,7 +191,7 @@ class ANALYTICS_API Document {
 
  protected:
   class DocumentImpl;
-  DocumentImpl* m_impl;  // owned; never null
+  DocumentImpl* m_impl;  ///< owned; never null
 };
 
 }  // namespace analytics

@@ -53,7 +53,10 @@ class ANALYTICS_API DocumentNode {
   /// Forgets the node and leaves the tree as it is.
   ~DocumentNode();
 
+  /// Refers to the same node.
   DocumentNode(const DocumentNode&) = default;
+
+  /// Refers to the same node; the previous one stays as it is.
   DocumentNode& operator=(const DocumentNode&) = default;
 
   /// The `xmlNode*` of libxml2, null for an empty node; owned by the document.

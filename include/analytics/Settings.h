@@ -66,16 +66,23 @@ class ANALYTICS_API Settings {
   /// "/usr/local/kestal/analytics/quad-output.yuv".
   static std::string QuadOutputFile();
 
-  /// Element tags: `//tags/profile`, built-in "analytics-profile", `//tags/mediaSource`, built-in
-  /// "MediaSource", and `//tags/engines` to `//tags/cameraPreset`, built-in the element's own name.
+  /// Tag of a profile; `//tags/profile`, built-in "analytics-profile".
   static std::string ProfileTag();
+  /// Tag of a media source; `//tags/mediaSource`, built-in "MediaSource".
   static std::string MediaSourceTag();
+  /// Tag of the list of engines; `//tags/engines`, built-in "engines".
   static std::string EnginesTag();
+  /// Tag of an engine; `//tags/engine`, built-in "engine".
   static std::string EngineTag();
+  /// Tag of the list of rules; `//tags/rules`, built-in "rules".
   static std::string RulesTag();
+  /// Tag of a rule; `//tags/rule`, built-in "rule".
   static std::string RuleTag();
+  /// Tag of the list of event sinks; `//tags/eventSinks`, built-in "eventSinks".
   static std::string EventSinksTag();
+  /// Tag of an event sink; `//tags/eventSink`, built-in "eventSink".
   static std::string EventSinkTag();
+  /// Tag of a camera preset; `//tags/cameraPreset`, built-in "cameraPreset".
   static std::string CameraPresetTag();
 
   /// URI of the vendor's namespace; `//namespaces/kestal/url`, built-in

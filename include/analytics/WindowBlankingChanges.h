@@ -27,6 +27,7 @@ struct tagWindowBlankingRegions {
 /// @param data     a `tagWindowBlankingRegions`, valid only during the call
 /// @param size     always 388, the size of the record in bytes
 /// @return ignored
+/// @relates analytics::WindowBlankingChanges
 // NOLINTNEXTLINE(modernize-use-using): C programs read this header too.
 typedef int (*WindowBlankingCallback)(void* context, int kind, void* data, int size);
 

@@ -28,9 +28,13 @@ class Calibration {
   /// Real height of the object.
   int PhysicalHeight() const;
 
+  /// Sets the rectangle of an object at the near left.
   void SetNearLeftSize(const types::Point (&corners)[2]);
+  /// Sets the line across an object near the camera.
   void SetNearWidth(const types::Point (&line)[2]);
+  /// Sets the line across an object far from the camera.
   void SetFarWidth(const types::Point (&line)[2]);
+  /// Sets the real height of the object.
   void SetPhysicalHeight(int height);
 
  private:

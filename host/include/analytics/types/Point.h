@@ -9,8 +9,8 @@ namespace types {
 
 /// A point in image coordinates.
 struct Point {
-  std::int32_t x;
-  std::int32_t y;
+  std::int32_t x;  ///< horizontal
+  std::int32_t y;  ///< vertical
 };
 
 }  // namespace types
