@@ -25,6 +25,18 @@ TEST(Entities, OfOtherFilesAreNotRead) {
   EXPECT_EQ("34", document.GetSingleValue("/r", nullptr));
 }
 
+// How SECURITY.md has documents from outside refused before any of their entities is read.
+TEST(TypeDeclarations, AreSeenByTheHandleOfTheRoot) {
+  const auto areIn = [](const std::string& text) {
+    ParsedDocument document(text);
+    const tests::NodePtr root(document.SelectRootNode());
+    return static_cast<xmlNode*>(root->Handle())->doc->intSubset != nullptr;
+  };
+  EXPECT_FALSE(areIn("<?xml version='1.0'?><!-- <!DOCTYPE r> --><r>&amp;</r>"));
+  EXPECT_TRUE(areIn("<!DOCTYPE r><r/>"));
+  EXPECT_TRUE(areIn("<!DOCTYPE r SYSTEM 'missing.dtd'><r/>"));
+}
+
 TEST(TypeDeclarations, OfOtherFilesAreNotRead) {
   const tests::TemporaryDirectory directory;
   const std::string path = directory.Write("other.dtd", "<!ATTLIST r k CDATA 'default'>");
