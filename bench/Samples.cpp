@@ -1,5 +1,9 @@
 #include "bench/Samples.h"
 
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+
 namespace bench {
 namespace {
 
@@ -59,6 +63,10 @@ const char kSettings[] = R"(<?xml version="1.0" encoding="UTF-8"?>
     <variable name="data" value="${root}/data"/>
     <variable name="camera" value="entrance"/>
     <variable name="suffix" value="xml"/>
+    <variable name="host" value="camera-7"/>
+    <variable name="stream" value="primary"/>
+    <variable name="day" value="2024-02-29"/>
+    <variable name="zone" value="lobby"/>
   </variables>
 </analytics>
 )";
@@ -68,39 +76,52 @@ std::string SimpleItem(const char* name, const std::string& value) {
 }
 
 /// A polygon that differs from rule to rule.
-std::string Polygon(int rule) {
-  const int corners[][2] = {{40, 30},   {160, 12},  {280, 30}, {300, 120},
-                            {280, 210}, {160, 228}, {40, 210}, {20, 120}};
+std::string Polygon(int rule, int corners) {
   std::string text = "        <tt:ElementItem Name=\"Field\">\n          <tt:Polygon>\n";
-  for (const auto& corner : corners) {
-    text += "            <tt:Point x=\"" + std::to_string(corner[0] + rule % 16) + "\" y=\"" +
-            std::to_string(corner[1] + rule % 9) + "\"/>\n";
+  for (int corner = 0; corner < corners; ++corner) {
+    text += "            <tt:Point x=\"" + std::to_string((37 * corner + rule) % 320) + "\" y=\"" +
+            std::to_string((53 * corner + rule) % 240) + "\"/>\n";
   }
   return text + "          </tt:Polygon>\n        </tt:ElementItem>\n";
 }
 
-std::string Rule(int rule) {
-  return "    <tt:rule Name=\"Rule " + std::to_string(rule) + "\" Type=\"ka:Detector" +
-         std::to_string(rule % 8) + "\">\n      <tt:Parameters>\n" +
+std::string Rule(int rule, const Profile& profile) {
+  return "    <tt:rule Name=\"Rule " + std::to_string(rule) + "\" Type=\"" +
+         TypeOf(rule % profile.types) + "\">\n      <tt:Parameters>\n" +
          SimpleItem("Active", rule % 3 == 0 ? "0" : "1") +
          SimpleItem("Label", "Zone " + std::to_string(rule)) +
          SimpleItem("Sensitivity", std::to_string(40 + rule % 50)) +
-         SimpleItem("MinDuration", "1500") + SimpleItem("Direction", "any") + Polygon(rule) +
-         "      </tt:Parameters>\n    </tt:rule>\n";
+         SimpleItem("MinDuration", "1500") + SimpleItem("Direction", "any") +
+         Polygon(rule, profile.corners) + "      </tt:Parameters>\n    </tt:rule>\n";
 }
+
+std::string s_directory;
 
 }  // namespace
 
-std::string ProfileText(int rules) {
+std::string Profile::Text() const {
   std::string text = kProfileStart;
-  for (int rule = 1; rule <= rules; ++rule) text += Rule(rule);
+  for (int rule = 1; rule <= rules; ++rule) text += Rule(rule, *this);
   return text + kProfileEnd;
 }
 
-std::string MiddleRuleQry(int rules) {
-  return "(//tt:rule)[" + std::to_string((rules + 1) / 2) + "]";
+std::string MiddleRuleQry(const Profile& profile) {
+  return "//tt:rule[@Name='Rule " + std::to_string((profile.rules + 1) / 2) + "']";
 }
 
+std::string TypeOf(int number) { return "ka:Detector" + std::to_string(number); }
+
 std::string SettingsText() { return kSettings; }
+
+void SetDirectory(const std::string& directory) { s_directory = directory; }
+
+std::string PathOf(const std::string& name) { return s_directory + "/" + name; }
+
+std::string Compact(const std::string& text) {
+  std::string compact;
+  std::copy_if(text.begin(), text.end(), std::back_inserter(compact),
+               [](unsigned char letter) { return !std::isspace(letter); });
+  return compact;
+}
 
 }  // namespace bench

@@ -7,8 +7,9 @@
 #include <analytics/WindowBlankingChanges.h>
 #include <tavrel/core/IniFile.h>
 
-#include "bench/Pair.h"
 #include "bench/ReportingClient.h"
+#include "bench/Work.h"
+#include "bench/sides/Everyone.h"
 
 namespace bench {
 namespace {
@@ -59,31 +60,6 @@ std::vector<std::int32_t> Numbers(const tagWindowBlankingRegions& record) {
   return numbers;
 }
 
-class MaskWithLibrary {
- public:
-  MaskWithLibrary() {
-    PlatformSettings() = StoredRegions();
-    analytics::WindowBlankingChanges* const changes = analytics::WindowBlankingChanges::Instance();
-    changes->Start();
-    changes->Subscribe(Hear, &m_heard);
-  }
-  ~MaskWithLibrary() { analytics::WindowBlankingChanges::Instance()->Unsubscribe(Hear, &m_heard); }
-
-  std::uint32_t operator()() {
-    Subscribed()->OnSettingsChanged(nullptr, m_change);
-    return m_heard.count;
-  }
-
-  std::vector<std::int32_t> Outcome() {
-    (*this)();
-    return Numbers(m_heard);
-  }
-
- private:
-  const IniFile m_change = Change();
-  tagWindowBlankingRegions m_heard = {};
-};
-
 /// What the platform's operations are called with, made once.
 struct Names {
   Names() {
@@ -96,7 +72,8 @@ struct Names {
 };
 
 /// The calls of the platform that a change takes, each made as often as the library makes it.
-class MaskByHand {
+template <typename Side>
+class MaskChange {
  public:
   std::uint32_t operator()() {
     m_mutex.Lock();
@@ -154,8 +131,36 @@ class MaskByHand {
   tagWindowBlankingRegions m_heard = {};
 };
 
+template <>
+class MaskChange<Library> {
+ public:
+  MaskChange() {
+    PlatformSettings() = StoredRegions();
+    analytics::WindowBlankingChanges* const changes = analytics::WindowBlankingChanges::Instance();
+    changes->Start();
+    changes->Subscribe(Hear, &m_heard);
+  }
+  ~MaskChange() { analytics::WindowBlankingChanges::Instance()->Unsubscribe(Hear, &m_heard); }
+
+  std::uint32_t operator()() {
+    Subscribed()->OnSettingsChanged(nullptr, m_change);
+    return m_heard.count;
+  }
+
+  std::vector<std::int32_t> Outcome() {
+    (*this)();
+    return Numbers(m_heard);
+  }
+
+ private:
+  const IniFile m_change = Change();
+  tagWindowBlankingRegions m_heard = {};
+};
+
 }  // namespace
 
-void AddMaskPairs() { AddPair<MaskWithLibrary, MaskByHand>("a mask change with 16 of 32 regions"); }
+void AddMaskWork() {
+  AddWork<MaskChange>(Among<ByHand, Library>(), "a mask change with 16 of 32 regions", "");
+}
 
 }  // namespace bench
