@@ -6,8 +6,8 @@ import shlex
 import tempfile
 import unittest
 
-from trees import (BUILD, COMPILER, HOST_LIBRARIES, LIBRARY, SDK, SOURCE, WITH_HOST, WORK, attempt,
-                   configure, configure_library, entries, libraries, prefix, said)
+from trees import (COMPILER, HOST_LIBRARIES, LIBRARY, SDK, SOURCE, WITH_HOST, WORK, configure,
+                   configure_library, entries, libraries, prefix, said)
 
 
 class AnInstalledLibrary(unittest.TestCase):
@@ -24,6 +24,11 @@ class AnInstalledLibrary(unittest.TestCase):
         found = [path.name for path in libraries("bare").glob("*.so")]
         self.assertEqual([LIBRARY], found)
         self.assertFalse((prefix("bare") / "include" / "tavrel").exists())
+
+    def test_has_all_its_symbols_bound_before_it_runs(self):
+        for name in [LIBRARY, *HOST_LIBRARIES]:
+            with self.subTest(library=name):
+                self.assertIn("BIND_NOW", said("readelf", "--dynamic", libraries("lib") / name))
 
     def test_has_its_plain_name_as_soname(self):
         for name in [LIBRARY, *HOST_LIBRARIES]:

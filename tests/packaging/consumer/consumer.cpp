@@ -1,4 +1,4 @@
-// A runtime as its makers build it: against the installed tree only.
+// A runtime as its makers build it: with nothing of this project but what it gives them.
 
 #include <iostream>
 #include <memory>
@@ -8,6 +8,7 @@
 #include <analytics/DocumentNode.h>
 #include <analytics/ProfileDoc.h>
 #include <analytics/Settings.h>
+#include <analytics/Version.h>
 
 int main() {
   analytics::ProfileDoc profile;
@@ -18,6 +19,6 @@ int main() {
   analytics::Calibration calibration;
   profile.GetCalibration(calibration, rule.get());
   std::cout << rule->GetProperty("Type") << " " << analytics::Settings::RuleTag() << " "
-            << calibration.PhysicalHeight() << "\n";
+            << calibration.PhysicalHeight() << " " << ANALYTICS_SETTINGS_VERSION << "\n";
   return 0;
 }
