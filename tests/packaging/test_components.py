@@ -18,7 +18,7 @@ COMPONENTS = {
                     "lib*/analytics-host*.cmake", "lib*/pkgconfig/analytics-settings.pc"],
     "tools": ["bin/analytics-settingsctl", "bin/hostctl", "share/bash-completion/*",
               "share/zsh/*"],
-    "documentation": ["share/man/*"],
+    "documentation": ["share/doc/*.cdx.json", "share/man/*"],
 }
 
 
