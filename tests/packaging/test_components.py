@@ -17,8 +17,8 @@ COMPONENTS = {
     "development": ["include/*.h", "lib*/analytics-settings*.cmake", "lib*/CameraPlatform.cmake",
                     "lib*/analytics-host*.cmake", "lib*/pkgconfig/analytics-settings.pc"],
     "tools": ["bin/analytics-settingsctl", "bin/hostctl", "share/bash-completion/*",
-              "share/zsh/*"],
-    "documentation": ["share/doc/*.cdx.json", "share/man/*"],
+              "share/fish/*", "share/zsh/*"],
+    "documentation": ["share/doc/*", "share/man/*"],
 }
 
 

@@ -11,14 +11,17 @@ PLACES = {
     'this release': (
         ('CMakeLists.txt', r'^project\(analytics-settings VERSION ([\d.]+) '),
         ('CHANGELOG.md', r'^## (\d+\.\d+\.\d+)$'),  # the newest release, which comes first
+        ('debian/changelog', r'^analytics-settings \(([\d.]+)\)'),
     ),
     'the least CMake': (
         ('CMakeLists.txt', r'^cmake_minimum_required\(VERSION ([\d.]+)\)'),
         ('README.md', r'CMake (\d[\d.]*) to'),
+        ('debian/control', r'^ cmake \(>= ([\d.]+)\)'),
     ),
     'the least libxml2': (
         ('CMakeLists.txt', r'^find_package\(LibXml2 ([\d.]+) '),
         ('README.md', r'libxml2 (\d[\d.]*) to'),
+        ('debian/control', r'^ libxml2-dev \(>= ([\d.]+)\)'),
     ),
 }
 
