@@ -1,6 +1,7 @@
 """Programs that use the library start, wherever it is and however they were built."""
 
 import pathlib
+import shutil
 import tempfile
 import unittest
 
@@ -94,11 +95,20 @@ class AConsumerForACamera(unittest.TestCase):
         self.assertIn("set ANALYTICS_PLATFORM_ROOT to the camera SDK",
                       " ".join(refusal.stdout.split()))
 
-    def test_starts_where_the_loader_finds_the_platform(self):
+    def assert_starts(self, *definitions):
         # An RPATH, which holds for all that the program loads, stands for the camera's loader.
-        program, = by_find_package(self.build, COMPILER, "bare", f"ANALYTICS_PLATFORM_ROOT={SDK}",
-                                   "CMAKE_EXE_LINKER_FLAGS=-Wl,--disable-new-dtags")
+        program, = by_cmake(self.build, COMPILER, "CMAKE_EXE_LINKER_FLAGS=-Wl,--disable-new-dtags",
+                            *definitions)
         self.assertEqual("A rule 0 1.0.0\n", answer(program))
+
+    def test_starts_where_the_loader_finds_the_platform(self):
+        self.assert_starts(f"CMAKE_PREFIX_PATH={prefix('bare')}", f"ANALYTICS_PLATFORM_ROOT={SDK}")
+
+    def test_takes_a_platform_that_is_in_the_prefix_of_the_library(self):
+        both = f"{self.build}/both"
+        for tree in (prefix("bare"), SDK):
+            shutil.copytree(tree, both, dirs_exist_ok=True)
+        self.assert_starts(f"CMAKE_PREFIX_PATH={both}")
 
     def test_names_the_sdk_to_pkg_config(self):
         flags = attempt("pkg-config", f"--define-variable=platform={SDK}", "--cflags", "--libs",
