@@ -1,17 +1,14 @@
-#include <algorithm>
 #include <csignal>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <string>
-#include <vector>
 
 #include <analytics/Version.h>
 
+#include "CommandLine.h"
 #include "Commands.h"
 #include "Failure.h"
-#include "Transformed.h"
-#include "check/Similar.h"
 #include "input/XmlInput.h"
 #include "output/Messages.h"
 
@@ -32,58 +29,18 @@ Each command has examples of its own: analytics-settingsctl COMMAND --help. A FI
 2 could not run.
 )";
 
-void AddCommands(CLI::App& app) {
-  settingsctl::AddSettingsCommand(app);
-  settingsctl::AddGetCommand(app);
-  settingsctl::AddExpandCommand(app);
-  settingsctl::AddProfileCommand(app);
-  settingsctl::AddCheckCommand(app);
-  settingsctl::AddDrawCommand(app);
-  settingsctl::AddSetCommand(app);
-  settingsctl::AddDeleteRulesCommand(app);
-  settingsctl::AddWatchCommand(app);
-  settingsctl::AddAvailableCommand(app);
-  settingsctl::AddReserveCommand(app);
-}
-
-/// CLI11 from 2.5 on would join the lines of texts to paragraphs, those of the examples too.
-void KeepLines([[maybe_unused]] CLI::App& app) {
-#if CLI11_VERSION_MAJOR > 2 || (CLI11_VERSION_MAJOR == 2 && CLI11_VERSION_MINOR >= 5)
-  app.get_formatter()->enable_description_formatting(false);
-  app.get_formatter()->enable_footer_formatting(false);
-#endif
-}
-
-/// A word in the place of a command that is none would else be reported as no command at all.
-void RequireKnownCommand(const CLI::App& app, int argc, char** argv) {
-  const std::string word = argc > 1 ? argv[1] : "-";
-  const std::vector<std::string> names = settingsctl::Transformed(
-      app.get_subcommands({}), [](const CLI::App* command) { return command->get_name(); });
-  const bool isCommand = std::find(names.begin(), names.end(), word) != names.end();
-  if (isCommand || word.empty() || word.front() == '-') return;
-  const std::string similar = settingsctl::SimilarWord(word, names);
-  throw Failure(
-      "there is no command '" + word + "'; " +
-      (similar.empty() ? "see analytics-settingsctl --help" : "did you mean '" + similar + "'?"));
-}
-
-/// The command whose arguments were being read, as the user would name it.
-std::string NameOf(const CLI::App& app) {
-  const auto chosen = app.get_subcommands();
-  return app.get_name() + (chosen.empty() ? "" : " " + chosen.front()->get_name());
-}
-
-int Parse(CLI::App& app, int argc, char** argv) {
-  try {
-    app.parse(argc, argv);
-    return 0;
-  } catch (const CLI::RuntimeError& status) {
-    return status.get_exit_code();
-  } catch (const CLI::Success& answer) {
-    return app.exit(answer);
-  } catch (const CLI::Error& error) {
-    throw Failure(std::string(error.what()) + "; see " + NameOf(app) + " --help");
-  }
+void AddCommands(settingsctl::CommandLine& program) {
+  settingsctl::AddSettingsCommand(program);
+  settingsctl::AddGetCommand(program);
+  settingsctl::AddExpandCommand(program);
+  settingsctl::AddProfileCommand(program);
+  settingsctl::AddCheckCommand(program);
+  settingsctl::AddDrawCommand(program);
+  settingsctl::AddSetCommand(program);
+  settingsctl::AddDeleteRulesCommand(program);
+  settingsctl::AddWatchCommand(program);
+  settingsctl::AddAvailableCommand(program);
+  settingsctl::AddReserveCommand(program);
 }
 
 int Run(int argc, char** argv) {
@@ -92,15 +49,13 @@ int Run(int argc, char** argv) {
   // A limit on the size of files is to be an error like others, not the end of the program.
   std::signal(SIGXFSZ, SIG_IGN);
   settingsctl::PrepareXml();
-  CLI::App app("See, check and try a camera's analytics configuration as its runtime will see it.",
-               "analytics-settingsctl");
-  app.set_version_flag("--version", "analytics-settingsctl " ANALYTICS_SETTINGS_VERSION);
-  app.require_subcommand(1);
-  app.footer(kExamples);
-  KeepLines(app);
-  AddCommands(app);
-  RequireKnownCommand(app, argc, argv);
-  const int status = Parse(app, argc, argv);
+  settingsctl::CommandLine program(
+      "analytics-settingsctl",
+      "See, check and try a camera's analytics configuration as its runtime will see it.",
+      ANALYTICS_SETTINGS_VERSION);
+  program.Footer(kExamples);
+  AddCommands(program);
+  const int status = program.Run(argc, argv);
   if (!std::cout.flush()) throw Failure("standard output cannot be written; redirect it elsewhere");
   return status;
 }

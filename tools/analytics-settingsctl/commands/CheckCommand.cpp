@@ -62,8 +62,8 @@ void RunChecks(const Arguments& arguments) {
   CheckReport report = CheckFiles(arguments.files, options);
   if (isUnwanted) TellUnreadable(report.findings);
   PrintFindings(report.findings, arguments.printing);
-  if (!report.isComplete) throw CLI::RuntimeError(kCouldNotRun);
-  if (!report.findings.empty()) throw CLI::RuntimeError(kHasFindings);
+  if (!report.isComplete) throw ExitStatus{kCouldNotRun};
+  if (!report.findings.empty()) throw ExitStatus{kHasFindings};
 }
 
 void Run(const Arguments& arguments) {
@@ -72,31 +72,30 @@ void Run(const Arguments& arguments) {
   RunChecks(arguments);
 }
 
-void AddOptions(CLI::App& command, Arguments& arguments) {
-  command.add_option("FILE", arguments.files, "Settings files and profiles; - is standard input");
-  command.add_option("--as", arguments.kind, "What the files are; else told by their content")
-      ->type_name("KIND")
-      ->check(CLI::IsMember({"settings", "profile"}));
+void AddOptions(const Command& command, Arguments& arguments) {
+  command.Add("FILE", arguments.files, "Settings files and profiles; - is standard input");
+  command.Add("--as", arguments.kind, "What the files are; else told by their content")
+      .TypeName("KIND")
+      .OneOf({"settings", "profile"});
   AddSettingsOption(command, arguments.settings);
-  command.add_option("--without", arguments.without, "Switch a check off; may be repeated")
-      ->type_name("NAME")
-      ->allow_extra_args(false);
-  command.add_flag("--fix-hints", arguments.printing.withHints,
-                   "Say what to do about each finding");
-  command.add_flag("--json", arguments.printing.asJson, "Print JSON");
-  command.add_flag("--list", arguments.list, "List all checks");
-  command.add_option("--explain", arguments.explained, "Explain a check, with an example")
-      ->type_name("NAME");
+  command.Add("--without", arguments.without, "Switch a check off; may be repeated")
+      .TypeName("NAME")
+      .OneValueEach();
+  command.Add("--fix-hints", arguments.printing.withHints, "Say what to do about each finding");
+  command.Add("--json", arguments.printing.asJson, "Print JSON");
+  command.Add("--list", arguments.list, "List all checks");
+  command.Add("--explain", arguments.explained, "Explain a check, with an example")
+      .TypeName("NAME");
 }
 
 }  // namespace
 
-void AddCheckCommand(CLI::App& app) {
+void AddCheckCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* command =
-      app.add_subcommand("check", "Find what the library would silently ignore or misread");
-  AddOptions(*command, *arguments);
-  command->footer(
+  const Command command =
+      program.AddCommand("check", "Find what the library would silently ignore or misread");
+  AddOptions(command, *arguments);
+  command.Footer(
       "Prints one line a finding, which editors can jump to:\n"
       "  file:line: severity: message [check-name]\n"
       "Exit status: 0 nothing found, 1 findings, 2 a file or the settings could not be read.\n\n"
@@ -105,7 +104,7 @@ void AddCheckCommand(CLI::App& app) {
       "  analytics-settingsctl check --fix-hints --settings analytics.ini profile.xml\n"
       "  analytics-settingsctl check --without missing-slash analytics.ini\n"
       "  analytics-settingsctl check --explain repeated-item");
-  command->callback([arguments] { Run(*arguments); });
+  command.Callback([arguments] { Run(*arguments); });
 }
 
 }  // namespace settingsctl

@@ -36,15 +36,15 @@ void DeleteRules(const Arguments& arguments) {
 
 }  // namespace
 
-void AddDeleteRulesCommand(CLI::App& app) {
+void AddDeleteRulesCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("delete-rules", "Delete all rules of a type from a profile");
-  command->add_option("FILE", arguments->file, "Profile, or - for standard input")->required();
-  command->add_option("TYPE", arguments->type, "Type of the rules")->required();
-  AddEditOptions(*command, *arguments);
-  command->footer(kExamples);
-  command->callback([arguments] { DeleteRules(*arguments); });
+  const Command command =
+      program.AddCommand("delete-rules", "Delete all rules of a type from a profile");
+  command.Add("FILE", arguments->file, "Profile, or - for standard input").Required();
+  command.Add("TYPE", arguments->type, "Type of the rules").Required();
+  AddEditOptions(command, *arguments);
+  command.Footer(kExamples);
+  command.Callback([arguments] { DeleteRules(*arguments); });
 }
 
 }  // namespace settingsctl

@@ -71,32 +71,32 @@ void Run(const Arguments& arguments) {
   WriteFile(arguments.output, DrawPicture(DrawnOwners(ContentsOf(profile)), options));
 }
 
-void AddOptions(CLI::App& command, Arguments& arguments) {
-  command.add_option("FILE", arguments.file, "The profile; - is standard input")->required();
-  command.add_option("-o,--output", arguments.output, "The picture; - is standard output")
-      ->type_name("OUT.svg")
-      ->required();
-  command.add_option("--size", arguments.size, "Size of the camera's image, drawn pixel by pixel")
-      ->type_name("WxH");
-  command.add_option("--background", arguments.background, "PNG or JPEG image to draw on")
-      ->type_name("IMAGE");
+void AddOptions(const Command& command, Arguments& arguments) {
+  command.Add("FILE", arguments.file, "The profile; - is standard input").Required();
+  command.Add("-o,--output", arguments.output, "The picture; - is standard output")
+      .TypeName("OUT.svg")
+      .Required();
+  command.Add("--size", arguments.size, "Size of the camera's image, drawn pixel by pixel")
+      .TypeName("WxH");
+  command.Add("--background", arguments.background, "PNG or JPEG image to draw on")
+      .TypeName("IMAGE");
   AddSettingsOption(command, arguments.settings);
 }
 
 }  // namespace
 
-void AddDrawCommand(CLI::App& app) {
+void AddDrawCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* command = app.add_subcommand("draw", "Draw a profile's geometry as an SVG picture");
-  AddOptions(*command, *arguments);
-  command->footer(
+  const Command command = program.AddCommand("draw", "Draw a profile's geometry as an SVG picture");
+  AddOptions(command, *arguments);
+  command.Footer(
       "Without --size the picture is as large as its background, or shows all geometry fitted.\n"
       "The background becomes part of the picture, which so stays one file.\n\n"
       "Examples:\n"
       "  analytics-settingsctl draw profile.xml -o profile.svg\n"
       "  analytics-settingsctl draw profile.xml -o profile.svg --size 1280x720\n"
       "  analytics-settingsctl draw profile.xml -o profile.svg --background snapshot.jpg");
-  command->callback([arguments] { Run(*arguments); });
+  command.Callback([arguments] { Run(*arguments); });
 }
 
 }  // namespace settingsctl

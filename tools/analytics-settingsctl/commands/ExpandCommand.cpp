@@ -53,15 +53,14 @@ void Expand(const Arguments& arguments) {
 
 }  // namespace
 
-void AddExpandCommand(CLI::App& app) {
+void AddExpandCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("expand", "Substitute variables in a text as the runtime would");
-  command->add_option("TEXT", arguments->text, "A text with references such as ${root}")
-      ->required();
-  AddSettingsOption(*command, arguments->settings);
-  command->footer(kExamples);
-  command->callback([arguments] { Expand(*arguments); });
+  const Command command =
+      program.AddCommand("expand", "Substitute variables in a text as the runtime would");
+  command.Add("TEXT", arguments->text, "A text with references such as ${root}").Required();
+  AddSettingsOption(command, arguments->settings);
+  command.Footer(kExamples);
+  command.Callback([arguments] { Expand(*arguments); });
 }
 
 }  // namespace settingsctl

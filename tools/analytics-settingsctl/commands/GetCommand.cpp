@@ -70,20 +70,18 @@ void Get(const Arguments& arguments) {
 
 }  // namespace
 
-void AddGetCommand(CLI::App& app) {
+void AddGetCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("get", "Query the settings file as the runtime would");
-  command->add_option("XPATH", arguments->path, "What to look for, such as //maxSessions")
-      ->required();
-  CLI::Option* const all =
-      command->add_flag("--all", arguments->all, "All texts that are not empty, a line each");
-  command->add_option("--int", arguments->number, "As an integer, DEFAULT where there is no text")
-      ->type_name("DEFAULT")
-      ->excludes(all);
-  AddSettingsOption(*command, arguments->settings);
-  command->footer(kExamples);
-  command->callback([arguments] { Get(*arguments); });
+  const Command command = program.AddCommand("get", "Query the settings file as the runtime would");
+  command.Add("XPATH", arguments->path, "What to look for, such as //maxSessions").Required();
+  const CommandOption all =
+      command.Add("--all", arguments->all, "All texts that are not empty, a line each");
+  command.Add("--int", arguments->number, "As an integer, DEFAULT where there is no text")
+      .TypeName("DEFAULT")
+      .Excludes(all);
+  AddSettingsOption(command, arguments->settings);
+  command.Footer(kExamples);
+  command.Callback([arguments] { Get(*arguments); });
 }
 
 }  // namespace settingsctl

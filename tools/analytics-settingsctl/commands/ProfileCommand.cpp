@@ -39,15 +39,14 @@ void Show(const Arguments& arguments) {
 
 }  // namespace
 
-void AddProfileCommand(CLI::App& app) {
+void AddProfileCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("profile", "Show what the runtime finds in a profile");
-  command->add_option("FILE", arguments->file, "Profile, or - for standard input")->required();
-  command->add_flag("--json", arguments->asJson, "For other programs");
-  AddSettingsOption(*command, arguments->settings);
-  command->footer(kExamples);
-  command->callback([arguments] { Show(*arguments); });
+  const Command command = program.AddCommand("profile", "Show what the runtime finds in a profile");
+  command.Add("FILE", arguments->file, "Profile, or - for standard input").Required();
+  command.Add("--json", arguments->asJson, "For other programs");
+  AddSettingsOption(command, arguments->settings);
+  command.Footer(kExamples);
+  command.Callback([arguments] { Show(*arguments); });
 }
 
 }  // namespace settingsctl

@@ -36,10 +36,10 @@ void PrintDiff(const std::string& diff) {
 
 }  // namespace
 
-void AddEditOptions(CLI::App& command, EditArguments& arguments) {
-  command.add_option("-o,--output", arguments.output, "Write to OUT and leave FILE as it is")
-      ->type_name("OUT");
-  command.add_flag("--dry-run", arguments.isDryRun, "Print the difference and write nothing");
+void AddEditOptions(const Command& command, EditArguments& arguments) {
+  command.Add("-o,--output", arguments.output, "Write to OUT and leave FILE as it is")
+      .TypeName("OUT");
+  command.Add("--dry-run", arguments.isDryRun, "Print the difference and write nothing");
   AddSettingsOption(command, arguments.settings);
 }
 

@@ -3,8 +3,8 @@
 #include <string>
 
 #include <analytics/ProfileDoc.h>
-#include <CLI/CLI.hpp>
 
+#include "CommandLine.h"
 #include "input/Input.h"
 
 namespace settingsctl {
@@ -17,7 +17,7 @@ struct EditArguments {
   bool isDryRun = false;
 };
 
-void AddEditOptions(CLI::App& command, EditArguments& arguments);
+void AddEditOptions(const Command& command, EditArguments& arguments);
 
 /// A profile that is being edited.
 class ProfileEdit {

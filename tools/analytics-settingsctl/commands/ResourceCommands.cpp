@@ -69,23 +69,22 @@ void Reserve(const Arguments& arguments) {
 
 }  // namespace
 
-void AddAvailableCommand(CLI::App& app) {
+void AddAvailableCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("available", "Print how many resource units are free");
-  command->add_flag("--json", arguments->asJson, "For other programs");
-  command->footer(kAvailableExamples);
-  command->callback([arguments] { ShowAvailable(*arguments); });
+  const Command command = program.AddCommand("available", "Print how many resource units are free");
+  command.Add("--json", arguments->asJson, "For other programs");
+  command.Footer(kAvailableExamples);
+  command.Callback([arguments] { ShowAvailable(*arguments); });
 }
 
-void AddReserveCommand(CLI::App& app) {
+void AddReserveCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command = app.add_subcommand("reserve", "Claim resource units for the analytics");
-  command->add_option("N", arguments->count, "Number of units, 0 or more; replaces a former claim")
-      ->required();
-  command->add_flag("--json", arguments->asJson, "For other programs");
-  command->footer(kReserveExamples);
-  command->callback([arguments] { Reserve(*arguments); });
+  const Command command = program.AddCommand("reserve", "Claim resource units for the analytics");
+  command.Add("N", arguments->count, "Number of units, 0 or more; replaces a former claim")
+      .Required();
+  command.Add("--json", arguments->asJson, "For other programs");
+  command.Footer(kReserveExamples);
+  command.Callback([arguments] { Reserve(*arguments); });
 }
 
 }  // namespace settingsctl

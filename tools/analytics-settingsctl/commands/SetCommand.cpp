@@ -78,19 +78,16 @@ void Set(const Arguments& arguments) {
 
 }  // namespace
 
-void AddSetCommand(CLI::App& app) {
+void AddSetCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("set", "Set the value of a rule's item in a profile");
-  command->add_option("FILE", arguments->file, "Profile, or - for standard input")->required();
-  command->add_option("--rule", arguments->rule, "Type of the rule")->type_name("TYPE")->required();
-  command->add_option("--item", arguments->item, "Name of the simple item")
-      ->type_name("NAME")
-      ->required();
-  command->add_option("VALUE", arguments->value, "The new value")->required();
-  AddEditOptions(*command, *arguments);
-  command->footer(kExamples);
-  command->callback([arguments] { Set(*arguments); });
+  const Command command = program.AddCommand("set", "Set the value of a rule's item in a profile");
+  command.Add("FILE", arguments->file, "Profile, or - for standard input").Required();
+  command.Add("--rule", arguments->rule, "Type of the rule").TypeName("TYPE").Required();
+  command.Add("--item", arguments->item, "Name of the simple item").TypeName("NAME").Required();
+  command.Add("VALUE", arguments->value, "The new value").Required();
+  AddEditOptions(command, *arguments);
+  command.Footer(kExamples);
+  command.Callback([arguments] { Set(*arguments); });
 }
 
 }  // namespace settingsctl

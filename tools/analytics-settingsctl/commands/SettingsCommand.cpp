@@ -102,19 +102,19 @@ void WriteJson(const SettingsFile& file) {
 void Show(const Arguments& arguments) {
   const SettingsFile file = LoadSettingsFile(arguments.file);
   arguments.asJson ? WriteJson(file) : WriteTables(file);
-  if (!file.problem.empty()) throw CLI::RuntimeError(1);
+  if (!file.problem.empty()) throw ExitStatus{1};
 }
 
 }  // namespace
 
-void AddSettingsCommand(CLI::App& app) {
+void AddSettingsCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("settings", "Show every setting, its value and where it comes from");
-  command->add_option("FILE", arguments->file, "Settings file; else the one that is found");
-  command->add_flag("--json", arguments->asJson, "For other programs");
-  command->footer(kExamples);
-  command->callback([arguments] { Show(*arguments); });
+  const Command command =
+      program.AddCommand("settings", "Show every setting, its value and where it comes from");
+  command.Add("FILE", arguments->file, "Settings file; else the one that is found");
+  command.Add("--json", arguments->asJson, "For other programs");
+  command.Footer(kExamples);
+  command.Callback([arguments] { Show(*arguments); });
 }
 
 }  // namespace settingsctl

@@ -84,13 +84,13 @@ void Watch(Arguments& arguments) {
 
 }  // namespace
 
-void AddWatchCommand(CLI::App& app) {
+void AddWatchCommand(CommandLine& program) {
   const auto arguments = std::make_shared<Arguments>();
-  CLI::App* const command =
-      app.add_subcommand("watch", "Print the privacy masks and each change of them");
-  command->add_flag("--json", arguments->asJson, "A line of JSON for each record");
-  command->footer(kExamples);
-  command->callback([arguments] { Watch(*arguments); });
+  const Command command =
+      program.AddCommand("watch", "Print the privacy masks and each change of them");
+  command.Add("--json", arguments->asJson, "A line of JSON for each record");
+  command.Footer(kExamples);
+  command.Callback([arguments] { Watch(*arguments); });
 }
 
 }  // namespace settingsctl

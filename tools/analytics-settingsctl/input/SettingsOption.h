@@ -2,14 +2,14 @@
 
 #include <string>
 
-#include <CLI/CLI.hpp>
+#include "CommandLine.h"
 
 namespace settingsctl {
 
 /// Adds the option --settings FILE.
-inline void AddSettingsOption(CLI::App& command, std::string& file) {
-  command.add_option("--settings", file, "Settings file; else the one that the library finds")
-      ->type_name("FILE");
+inline void AddSettingsOption(const Command& command, std::string& file) {
+  command.Add("--settings", file, "Settings file; else the one that the library finds")
+      .TypeName("FILE");
 }
 
 }  // namespace settingsctl
