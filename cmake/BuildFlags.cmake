@@ -3,7 +3,11 @@
 # Warnings; made errors by CMAKE_COMPILE_WARNING_AS_ERROR in the presets.
 add_library(analytics-flags INTERFACE)
 target_compile_options(analytics-flags INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast)
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wold-style-cast
+  $<$<CXX_COMPILER_ID:Clang>:-Wreserved-identifier>)
+
+# For a source that has to declare names of the compiler's runtime.
+set(ANALYTICS_RESERVED_NAMES $<$<CXX_COMPILER_ID:Clang>:-Wno-reserved-identifier>)
 
 # The sanitizers of this build, those that come with the compiler's flags included.
 string(REGEX MATCHALL "-fsanitize=[^ ]+" ANALYTICS_SANITIZERS "${CMAKE_CXX_FLAGS}")
