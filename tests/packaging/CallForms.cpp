@@ -19,7 +19,7 @@ struct Refused;
   Refused name(...);                                                                               \
   static_assert(std::is_same<Form, decltype(name(static_cast<ProfileDoc*>(nullptr),                \
                                                  static_cast<DocumentNode*>(nullptr), 0))>::value, \
-                #call " must mean: " #Form)
+                "The call must mean " #Form ": " #call)
 
 CALL(ValueOfPathAlone, GetSingleValue("p"), Refused);
 CALL(ValueWithZero, GetSingleValue("p", 0), Text);

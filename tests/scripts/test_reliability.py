@@ -1,12 +1,10 @@
 """How scripts/reliability fills the tables of docs/reliability.md."""
 
-import pathlib
 import shutil
 import subprocess
-import tempfile
 import unittest
 
-ROOT = pathlib.Path(__file__).resolve().parents[2]
+from copied_scripts import ROOT, copied_scripts
 
 
 def run(root, *arguments):
@@ -16,22 +14,23 @@ def run(root, *arguments):
 
 class Reliability(unittest.TestCase):
     def setUp(self):
-        directory = tempfile.TemporaryDirectory()
-        self.addCleanup(directory.cleanup)
-        self.root = pathlib.Path(directory.name)
-        shutil.copytree(ROOT / 'scripts', self.root / 'scripts')
+        self.root = copied_scripts(self)
         (self.root / 'docs').mkdir()
         shutil.copy(ROOT / 'docs' / 'reliability.md', self.root / 'docs')
         self.results = self.root / 'build' / 'proof'
         self.results.mkdir(parents=True)
-        listed = subprocess.run([self.root / 'scripts' / 'prove', '--list'], check=True,
-                                capture_output=True, text=True).stdout
-        for part in listed.split():
-            self.prove(part)
+        for line in self.sources():
+            self.prove(*line.split())
 
-    def prove(self, part, outcome='pass', commit='abc', figures='cases=1234 bytes_lost=0'):
+    def sources(self):
+        return subprocess.run([self.root / 'scripts' / 'prove', '--sources'], check=True,
+                              capture_output=True, text=True).stdout.splitlines()
+
+    def prove(self, part, sources=None, outcome='pass', figures='cases=1234 bytes_lost=0'):
         (self.results / f'{part}.result').write_text(
-            f'proof {part} {outcome} 5 s {commit} {figures}\n')
+            f'proof {part} {outcome} 5 s abc {figures}\n')
+        if sources:
+            (self.results / f'{part}.sources').write_text(sources + '\n')
 
     def written(self, *arguments):
         done = run(self.root, *arguments)
@@ -67,9 +66,14 @@ class Reliability(unittest.TestCase):
     def test_names_no_commit(self):
         self.assertNotIn('abc', self.written())
 
-    def test_refuses_results_of_different_sources(self):
-        self.prove('soak', commit='def')
-        self.assert_refused('different sources')
+    def test_refuses_results_of_other_sources(self):
+        self.prove('soak', sources='other')
+        (self.results / 'abi.sources').unlink()
+        self.assert_refused('of other sources: soak abi\n')
+
+    def test_accepts_what_does_not_depend_on_a_change(self):
+        (self.root / 'docs' / 'news.svg').write_text('<svg/>')
+        self.assert_refused('of other sources: distributions\n')
 
     def test_refuses_a_part_that_failed(self):
         self.prove('soak', outcome='fail')
