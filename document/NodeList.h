@@ -32,11 +32,12 @@ class NodeList {
   static constexpr int kFew = 16;
 
   void Grow() {
-    auto more = std::make_unique<xmlNodePtr[]>(2 * static_cast<std::size_t>(m_room));
+    const int room = 2 * m_room;
+    auto more = std::make_unique<xmlNodePtr[]>(static_cast<std::size_t>(room));
     std::copy_n(m_nodes, m_count, more.get());
     m_many = std::move(more);
     m_nodes = m_many.get();
-    m_room *= 2;
+    m_room = room;
   }
 
   xmlNodePtr m_few[kFew];

@@ -15,7 +15,7 @@ struct Reference {
 Reference FindVariable(const std::string& text) {
   const std::string::size_type begin = text.find("${");
   const std::string::size_type end = text.find('}', begin);  // nothing follows where nothing begins
-  if (end == std::string::npos) return Reference{0, 0};
+  if (end == std::string::npos) return Reference();
   return Reference{begin + 2, end - begin - 2};
 }
 
