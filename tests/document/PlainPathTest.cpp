@@ -147,6 +147,7 @@ const PathRow kNearMisses[] = {
     {"DigitFirst", "1a"},
     {"GraveFirst", "`a"},
     {"BraceInAName", "a{"},
+    {"TildeInAName", "a~"},
     {"NameBeyondAscii", "\xC3\xA9"},
     {"NameThatGoesOnBeyondAscii", "a\xC3\xA9"},
     {"BlankFirst", " b"},

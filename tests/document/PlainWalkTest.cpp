@@ -2,6 +2,7 @@
 #include <vector>
 
 #include <gmock/gmock.h>
+#include <libxml/xpathInternals.h>
 
 #include "document/XmlText.h"
 #include "tests/document/TestDocuments.h"
@@ -61,6 +62,50 @@ TEST(AWalk, FromAnywhereIsNotTheStartsDocumentButTheOneAsked) {
 TEST(AWalk, TakesUnprefixedElementsInNoNamespaceOnly) {
   ParsedDocument document(R"(<r><d xmlns="urn:d"><b>no</b></d><p:b xmlns:p="urn:d">no</p:b></r>)");
   EXPECT_THAT(document.GetMultipleValues("//b", nullptr), IsEmpty());
+}
+
+/// A path of two prefixed steps and what it selects below.
+struct PrefixRow {
+  const char* name;
+  const char* path;
+  std::vector<std::string> values;
+};
+
+const PrefixRow kPrefixes[] = {
+    {"TheSameTwice", "t:a/t:b", {"11"}},
+    {"OneThatBeginsWithTheOther", "t:a/tt:b", {"12"}},
+    {"OneThatTheOtherBeginsWith", "tt:a/t:b", {"21"}},
+    {"TwoOfALength", "tt:a/uu:b", {"23"}},
+    {"OneUriInTwoDeclarations", "//t:b", {"11", "21", "31"}},
+    {"AnotherNamespaceInBetween", "//uu:b", {"13", "23"}},
+};
+
+class AWalkByPrefixes : public testing::TestWithParam<PrefixRow> {};
+
+TEST_P(AWalkByPrefixes, SelectsByTheUriOfEach) {
+  ShownDocument document;
+  ASSERT_TRUE(document.ParseString(R"(<r xmlns:x="urn:1" xmlns:y="urn:2" xmlns:z="urn:3">)"
+                                   "<x:a><x:b>11</x:b><y:b>12</y:b><z:b>13</z:b></x:a>"
+                                   "<y:a><x:b>21</x:b><y:b>22</y:b><z:b>23</z:b></y:a>"
+                                   R"(<z:a><o:b xmlns:o="urn:1">31</o:b></z:a></r>)"));
+  const xmlXPathContextPtr search = document.Implementation().SearchContext();
+  xmlXPathRegisterNs(search, XmlText("t"), XmlText("urn:1"));
+  xmlXPathRegisterNs(search, XmlText("tt"), XmlText("urn:2"));
+  xmlXPathRegisterNs(search, XmlText("uu"), XmlText("urn:3"));
+  EXPECT_FALSE(IsLibxml2Asked(document, GetParam().path));
+  EXPECT_EQ(GetParam().values, document.GetMultipleValues(GetParam().path, nullptr));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AWalkByPrefixes, testing::ValuesIn(kPrefixes),
+                         [](const testing::TestParamInfo<PrefixRow>& row) {
+                           return row.param.name;
+                         });
+
+TEST(AWalk, ComparesAnEmptyValueWithAnEmptyText) {
+  ParsedDocument document("<r><a>1</a></r>");
+  NodeAt(document, "a").SetProperty("x", "");
+  EXPECT_FALSE(IsLibxml2Asked(document, "a[@x='']"));
+  EXPECT_EQ("1", document.GetSingleValue("a[@x='']", nullptr));
 }
 
 TEST(AWalk, TakesANamespaceWithoutUriForNoOther) {
@@ -206,6 +251,17 @@ TEST(AWalk, LooksNoFurtherThanItMust) {
   const tests::FailingXmlMemory noMemory(1, tests::Shortage::kOnce);
   EXPECT_TRUE(tests::First(document, "//a"));
   EXPECT_EQ(0, noMemory.Failures());
+}
+
+TEST(AWalk, EndsAtTheFirstWhereOneIsEnough) {
+  ParsedDocument document("<r><a>1</a></r>");
+  DocumentNode root = NodeAt(document, "/r");
+  xmlAddChild(Raw(root), xmlNewDocFragment(Raw(root)->doc));
+  for (const char* const path : {"a", "//a"}) {
+    const tests::FailingXmlMemory noMemory(1, tests::Shortage::kOnce);
+    EXPECT_TRUE(tests::First(document, path));
+    EXPECT_EQ(0, noMemory.Failures()) << path;
+  }
 }
 
 TEST(AWalk, LeavesItsStartAsTheSearchContextsCurrentNode) {

@@ -8,6 +8,7 @@
 namespace analytics {
 namespace {
 
+using testing::ElementsAre;
 using testing::ElementsAreArray;
 using tests::UnboundProfile;
 
@@ -110,6 +111,16 @@ TEST_P(TheQueriesOf, HaveExactlyTheseTexts) {
 
 INSTANTIATE_TEST_SUITE_P(Operations, TheQueriesOf, testing::ValuesIn(kRows),
                          [](const testing::TestParamInfo<Row>& row) { return row.param.name; });
+
+TEST(TheQueryOfARule, HasItsWholeTextHoweverLong) {
+  UnboundProfile profile;
+  ASSERT_TRUE(profile.ParseString("<profile/>"));
+  for (std::string type = "A"; type.size() < 300; type += "A") {
+    const tests::XmlErrors errors;
+    profile.DeleteRules(type);
+    EXPECT_THAT(errors.Queries(), ElementsAre("//tt:rule[@Type=\"" + type + "\"]"));
+  }
+}
 
 }  // namespace
 }  // namespace analytics
