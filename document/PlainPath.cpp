@@ -149,6 +149,24 @@ bool HoldsNoElement(const xmlNode* node) {
   }
 }
 
+/// Whether a namespace is the one of `uri`, or none where that is null. A namespace without URI is
+/// none for some paths of libxml2 and one of its own for others.
+PathAnswer IsIn(const xmlNs* ns, const char* uri) {
+  if (!ns) return uri ? PathAnswer::kNo : PathAnswer::kYes;
+  if (!ns->href) return PathAnswer::kUncertain;
+  const char* const href = reinterpret_cast<const char*>(ns->href);
+  return uri && std::strcmp(href, uri) == 0 ? PathAnswer::kYes : PathAnswer::kNo;
+}
+
+/// Whether a node is an element that a step selects, wherever it stands.
+PathAnswer Match(const xmlNode* node, const PathStep& step) {
+  if (IsOther(node, step)) return PathAnswer::kNo;
+  if (node->type != XML_ELEMENT_NODE)
+    return HoldsNoElement(node) ? PathAnswer::kNo : PathAnswer::kUncertain;
+  const PathAnswer isInNamespace = IsIn(node->ns, step.uri);
+  return isInNamespace == PathAnswer::kYes ? MeetsCondition(node, step) : isInNamespace;
+}
+
 /// The first from a node on that is no text; about half of all nodes are the blanks between
 /// elements.
 xmlNodePtr SkipTexts(xmlNodePtr node) {
@@ -187,14 +205,14 @@ bool PlainPath::Read(const char* text, xmlXPathContextPtr searchContext) {
   return false;
 }
 
-bool PlainPath::Select(xmlNodePtr start, bool firstOnly, NodeList& found) {
+bool PlainPath::Select(xmlNodePtr start, bool firstOnly, NodeList& found) const {
   if (!m_isPlain) return false;
   if (m_isAnywhere) return WalkAll(firstOnly, found);
   return start && start->type == XML_ELEMENT_NODE && WalkSteps(start, firstOnly, found);
 }
 
 /// Goes through the whole document, parents first.
-bool PlainPath::WalkAll(bool firstOnly, NodeList& found) {
+bool PlainPath::WalkAll(bool firstOnly, NodeList& found) const {
   const xmlNodePtr top = reinterpret_cast<xmlNodePtr>(m_document);
   const PathStep& last = m_steps[m_count - 1];
   int depth = 1;
@@ -209,7 +227,7 @@ bool PlainPath::WalkAll(bool firstOnly, NodeList& found) {
 }
 
 /// Goes through what the steps select below `top`, and no deeper.
-bool PlainPath::WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) {
+bool PlainPath::WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) const {
   int depth = 1;
   for (xmlNodePtr node = SkipTexts(top->children); node;) {
     const PathAnswer answer = Match(node, m_steps[depth - 1]);
@@ -222,30 +240,8 @@ bool PlainPath::WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) {
   return true;
 }
 
-/// Whether a node is an element that a step selects, wherever it stands.
-PathAnswer PlainPath::Match(const xmlNode* node, const PathStep& step) {
-  if (IsOther(node, step)) return PathAnswer::kNo;
-  if (node->type != XML_ELEMENT_NODE)
-    return HoldsNoElement(node) ? PathAnswer::kNo : PathAnswer::kUncertain;
-  const PathAnswer isInNamespace = IsIn(node->ns, step.uri);
-  return isInNamespace == PathAnswer::kYes ? MeetsCondition(node, step) : isInNamespace;
-}
-
-/// Whether a namespace is the one of `uri`, or none where that is null. A namespace without URI is
-/// none for some paths of libxml2 and one of its own for others.
-PathAnswer PlainPath::IsIn(const xmlNs* ns, const char* uri) {
-  if (!ns) return uri ? PathAnswer::kNo : PathAnswer::kYes;
-  if (!ns->href) return PathAnswer::kUncertain;
-  if (!uri) return PathAnswer::kNo;
-  if (ns == m_known && uri == m_knownUri) return PathAnswer::kYes;
-  if (std::strcmp(reinterpret_cast<const char*>(ns->href), uri) != 0) return PathAnswer::kNo;
-  m_known = ns;
-  m_knownUri = uri;
-  return PathAnswer::kYes;
-}
-
 /// Whether a node is what the last step selects, and those above it what the steps before select.
-PathAnswer PlainPath::MatchUpwards(const xmlNode* node) {
+PathAnswer PlainPath::MatchUpwards(const xmlNode* node) const {
   PathAnswer answer = PathAnswer::kYes;
   for (int step = m_count; step > 0 && answer == PathAnswer::kYes; node = node->parent)
     answer = Match(node, m_steps[--step]);

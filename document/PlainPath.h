@@ -56,25 +56,21 @@ class PlainPath {
   /// @param start      where a path without "//" starts
   /// @param firstOnly  whether to end at the first
   /// @return whether the walk was certain; if not, `found` means nothing
-  bool Select(xmlNodePtr start, bool firstOnly, NodeList& found);
+  bool Select(xmlNodePtr start, bool firstOnly, NodeList& found) const;
 
  private:
   static constexpr int kMostSteps = 8;
 
   bool Read(const char* text, xmlXPathContextPtr searchContext);
-  bool WalkAll(bool firstOnly, NodeList& found);
-  bool WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found);
-  PathAnswer Match(const xmlNode* node, const PathStep& step);
-  PathAnswer IsIn(const xmlNs* ns, const char* uri);
-  PathAnswer MatchUpwards(const xmlNode* node);
+  bool WalkAll(bool firstOnly, NodeList& found) const;
+  bool WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) const;
+  PathAnswer MatchUpwards(const xmlNode* node) const;
   void Take(xmlNodePtr element, NodeList& found) const;
 
   PathStep m_steps[kMostSteps];  // those beyond m_count are not set
   int m_count = 0;
   PathText m_attribute{};  // of the last element; empty: the element itself is selected
   xmlDocPtr m_document;
-  const xmlNs* m_known = nullptr;  // the last that was found to be of m_knownUri: nodes share them
-  const char* m_knownUri = nullptr;
   bool m_isAnywhere = false;  // whether the path starts with "//"
   bool m_isPlain;
 };

@@ -22,11 +22,7 @@ inline std::string CopyText(const xmlChar* text) {
 }
 
 /// The text of a list of nodes, entity references substituted as `document` declares them.
-inline std::string ListText(xmlDocPtr document, const xmlNode* nodes) {
-  if (!nodes) return std::string();
-  if (nodes->type == XML_TEXT_NODE && !nodes->next) return CopyText(nodes->content);
-  return CopyText(XmlPtr<xmlChar>(xmlNodeListGetString(document, nodes, 1)).get());
-}
+std::string ListText(xmlDocPtr document, const xmlNode* nodes);
 
 /// The text of a node: that of its child list.
 inline std::string NodeText(xmlDocPtr document, const xmlNode* node) {
@@ -34,12 +30,6 @@ inline std::string NodeText(xmlDocPtr document, const xmlNode* node) {
 }
 
 /// The value of an attribute, or the default that the document type declares; "" without either.
-inline std::string AttributeText(xmlNodePtr node, const char* name) {
-  const xmlChar* const xmlName = reinterpret_cast<const xmlChar*>(name);
-  const xmlAttr* const attribute = xmlHasProp(node, xmlName);
-  if (!attribute) return std::string();
-  if (attribute->type == XML_ATTRIBUTE_NODE) return ListText(attribute->doc, attribute->children);
-  return CopyText(XmlPtr<xmlChar>(xmlGetProp(node, xmlName)).get());
-}
+std::string AttributeText(xmlNodePtr node, const char* name);
 
 }  // namespace analytics

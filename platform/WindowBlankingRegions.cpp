@@ -24,6 +24,8 @@ WindowBlankingRegions::WindowBlankingRegions() {
     group.append(m_group).append("/Region#").append(std::to_string(++number));
 }
 
+WindowBlankingRegions::~WindowBlankingRegions() = default;
+
 void WindowBlankingRegions::Refresh(const IniFile& settings, std::uint32_t& groupCount,
                                     tagWindowBlankingRegions& record) const {
   const std::uint32_t active = Count(settings, groupCount);

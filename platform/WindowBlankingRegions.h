@@ -21,6 +21,10 @@ constexpr char kWindowBlankingGroup[] = "Imaging/WindowBlanking";
 class WindowBlankingRegions {
  public:
   WindowBlankingRegions();
+  ~WindowBlankingRegions();
+
+  WindowBlankingRegions(const WindowBlankingRegions&) = delete;
+  WindowBlankingRegions& operator=(const WindowBlankingRegions&) = delete;
 
   /// Brings a record of the active regions' colours up to date with `settings`, where their state
   /// is one that changes it: `WindowBlankingChanges` has the table.

@@ -7,14 +7,14 @@
 namespace analytics {
 namespace {
 
-QueryText EngineQry(const std::string& type) {
+std::string EngineQry(const std::string& type) {
   const std::string prefix = Settings::OnvifPrefix();
   return ElementQry(prefix, Settings::EngineTag(), type);
 }
 
 // Deliberate: unlike rules and engines, event sinks are the vendor's elements. Kept for
 // compatibility: installed runtimes see it.
-QueryText EventSinkQry(const std::string& type) {
+std::string EventSinkQry(const std::string& type) {
   const std::string prefix = Settings::KestalPrefix();
   return ElementQry(prefix, Settings::EventSinkTag(), type);
 }
@@ -22,28 +22,28 @@ QueryText EventSinkQry(const std::string& type) {
 }  // namespace
 
 DocumentNode* ProfileDoc::SelectRule(const std::string& type) {
-  return SelectNode(RuleQry(type).c_str(), nullptr);
+  return SelectNode(RuleQry(type), nullptr);
 }
 
 std::vector<DocumentNode*> ProfileDoc::SelectRules(const std::string& type) {
-  return SelectNodes(RuleQry(type).c_str(), nullptr);
+  return SelectNodes(RuleQry(type), nullptr);
 }
 
 int ProfileDoc::DeleteRules(const std::string& type) {
   // Deliberate: an empty filter, which selects every rule, must never wipe them all.
-  return type.empty() ? 0 : m_impl->DeleteNodes(RuleQry(type).c_str(), nullptr);
+  return type.empty() ? 0 : m_impl->DeleteNodes(RuleQry(type), nullptr);
 }
 
 DocumentNode* ProfileDoc::SelectEngine(const std::string& type) {
-  return SelectNode(EngineQry(type).c_str(), nullptr);
+  return SelectNode(EngineQry(type), nullptr);
 }
 
 std::vector<DocumentNode*> ProfileDoc::SelectEngines(const std::string& type) {
-  return SelectNodes(EngineQry(type).c_str(), nullptr);
+  return SelectNodes(EngineQry(type), nullptr);
 }
 
 std::vector<DocumentNode*> ProfileDoc::SelectEventSinks(const std::string& type) {
-  return SelectNodes(EventSinkQry(type).c_str(), nullptr);
+  return SelectNodes(EventSinkQry(type), nullptr);
 }
 
 }  // namespace analytics

@@ -19,14 +19,14 @@ void AddKestalName(QueryText& query, const char* localName) {
   AddName(query, Settings::KestalPrefix(), localName);
 }
 
-QueryText ElementQry(const std::string& prefix, const std::string& tag, const std::string& type) {
+std::string ElementQry(const std::string& prefix, const std::string& tag, const std::string& type) {
   QueryText query;
   AddName(query.Add("//"), prefix, tag.c_str());
   if (!type.empty()) query.Add("[@Type=\"").Add(type).Add("\"]");
-  return query;
+  return query.c_str();
 }
 
-QueryText RuleQry(const std::string& type) {
+std::string RuleQry(const std::string& type) {
   const std::string prefix = Settings::OnvifPrefix();
   return ElementQry(prefix, Settings::RuleTag(), type);
 }

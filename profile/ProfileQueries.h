@@ -13,10 +13,10 @@ void AddOnvifName(QueryText& query, const char* localName);
 void AddKestalName(QueryText& query, const char* localName);
 
 /// All elements of a name in the document, those of one type only if `type` is not empty.
-QueryText ElementQry(const std::string& prefix, const std::string& tag, const std::string& type);
+std::string ElementQry(const std::string& prefix, const std::string& tag, const std::string& type);
 
 /// The rules of a type, all if it is empty.
-QueryText RuleQry(const std::string& type);
+std::string RuleQry(const std::string& type);
 
 /// The items of a kind below a rule or engine, or below its "Parameters" element.
 QueryText ItemsQry(const char* tag, bool throughParameters);
