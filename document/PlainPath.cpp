@@ -209,7 +209,7 @@ bool PlainPath::Select(xmlNodePtr start, bool firstOnly, NodeList& found) const 
 
 /// Goes through the whole document, parents first.
 bool PlainPath::WalkAll(bool firstOnly, NodeList& found) const {
-  const xmlNodePtr top = reinterpret_cast<xmlNodePtr>(m_document);
+  auto* const top = reinterpret_cast<xmlNodePtr>(m_document);
   const PathStep& last = m_steps[m_count - 1];
   int depth = 1;
   for (xmlNodePtr node = SkipTexts(top->children); node;) {

@@ -9,7 +9,7 @@ std::string ListText(xmlDocPtr document, const xmlNode* nodes) {
 }
 
 std::string AttributeText(xmlNodePtr node, const char* name) {
-  const xmlChar* const xmlName = reinterpret_cast<const xmlChar*>(name);
+  const auto* const xmlName = reinterpret_cast<const xmlChar*>(name);
   const xmlAttr* const attribute = xmlHasProp(node, xmlName);
   if (!attribute) return std::string();
   if (attribute->type == XML_ATTRIBUTE_NODE) return ListText(attribute->doc, attribute->children);
