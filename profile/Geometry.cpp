@@ -20,7 +20,7 @@ class CoordinateReader {
   }
 
  private:
-  const IntegerReader m_read;
+  const IntegerReader m_read{};
 };
 
 }  // namespace

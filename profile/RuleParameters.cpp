@@ -66,7 +66,7 @@ class ActivityCheck {
  private:
   const xmlXPathContextPtr m_searchContext;
   const QueryText m_activeQry;
-  const IntegerReader m_read;
+  const IntegerReader m_read{};
 };
 
 }  // namespace
