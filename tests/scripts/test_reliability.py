@@ -73,7 +73,7 @@ class Reliability(unittest.TestCase):
 
     def test_accepts_what_does_not_depend_on_a_change(self):
         (self.root / 'docs' / 'news.svg').write_text('<svg/>')
-        self.assert_refused('of other sources: distributions\n')
+        self.assert_refused('of other sources: consumers distributions packages descriptions oss-fuzz\n')
 
     def test_refuses_a_part_that_failed(self):
         self.prove('soak', outcome='fail')
