@@ -130,13 +130,15 @@ bool IsOther(const xmlNode* node, const PathStep& step) {
   return node->type == XML_ELEMENT_NODE && !step.name.Equals(node->name);
 }
 
-/// Whether something that is no element certainly holds none that libxml2 would find.
+/// Whether something that is no element certainly holds none that libxml2 would find: that looks
+/// into whatever has children, declarations of entities apart.
 bool HoldsNoElement(const xmlNode* node) {
   switch (node->type) {
     case XML_CDATA_SECTION_NODE:
     case XML_ENTITY_REF_NODE:
     case XML_PI_NODE:
     case XML_COMMENT_NODE:
+      return !node->children || node->children->type == XML_ENTITY_DECL;
     case XML_DOCUMENT_NODE:  // above the root
     case XML_DTD_NODE:
       return true;

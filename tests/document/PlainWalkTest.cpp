@@ -7,6 +7,7 @@
 #include "document/XmlText.h"
 #include "tests/document/TestDocuments.h"
 #include "tests/support/FailingXmlMemory.h"
+#include "tests/support/XmlErrors.h"
 
 namespace analytics {
 namespace {
@@ -192,6 +193,41 @@ TEST(AWalk, PassesOverADocumentTypeAndWhatEntitiesHold) {
   EXPECT_FALSE(IsLibxml2Asked(document, "//a"));
   EXPECT_THAT(document.GetMultipleValues("//a", nullptr), ElementsAre("1"));
 }
+
+/// A document whose root holds something that is no element, and an element to be put into that.
+struct OddParentRow {
+  const char* name;
+  const char* text;
+};
+
+const OddParentRow kOddParents[] = {
+    {"Comment", "<r><!--c--><a/></r>"},
+    {"Instruction", "<r><?p i?><a/></r>"},
+    {"CDataSection", "<r><![CDATA[c]]><a/></r>"},
+    {"ReferenceWithoutDeclaration", "<!DOCTYPE r SYSTEM 'missing.dtd'><r>&e;<a/></r>"},
+};
+
+class AWalkPastAnOddParent : public testing::TestWithParam<OddParentRow> {};
+
+TEST_P(AWalkPastAnOddParent, LeavesItToLibxml2) {
+  const tests::XmlErrors errors;
+  ParsedDocument document(GetParam().text);
+  DocumentNode root = NodeAt(document, "/r");
+  const xmlNodePtr parent = Raw(root)->children;
+  const xmlNodePtr a = parent->next;
+  EXPECT_FALSE(IsLibxml2Asked(document, "//a"));
+  xmlUnlinkNode(a);
+  parent->children = a;  // by hand: not every libxml2 may add it
+  a->parent = parent;
+  EXPECT_TRUE(IsLibxml2Asked(document, "//a"));
+  parent->children = nullptr;  // since what a reference holds is not freed
+  xmlAddNextSibling(parent, a);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, AWalkPastAnOddParent, testing::ValuesIn(kOddParents),
+                         [](const testing::TestParamInfo<OddParentRow>& row) {
+                           return row.param.name;
+                         });
 
 TEST(AWalk, ComparesAValueOfOnePieceItself) {
   ParsedDocument document(R"(<r><a x="1&#9;&amp;2"/><a x=""/></r>)");
