@@ -39,10 +39,10 @@ Number NumberFromText(const std::string& text, Number fallback) {
   return TextStream(text).Read(fallback);
 }
 
-/// Reads integers as `NumberFromText`, all under the global locale of when it was made.
+/// Reads integers as `NumberFromText`.
 ///
-/// A stream takes longer than the query that found the text, and is used only where the locale may
-/// have rules of its own.
+/// A stream takes longer than the query that found the text, and is used only where the global
+/// locale, when this is made, may have rules of its own.
 class IntegerReader {
  public:
   int operator()(const std::string& text, int fallback) const {

@@ -33,8 +33,8 @@ bool ProfileDoc::PointFromNode(DocumentNode* node, types::Point& point) {
 
 bool ProfileDoc::GetPoints(std::vector<types::Point>& points, const std::string& xpath,
                            DocumentNode* context) {
-  const CoordinateReader read;
   const Selection selected(m_impl->SearchContext(), context, xpath.c_str());
+  const CoordinateReader read;  // after the query, whose errors the program's own handler may see
   if (points.empty()) points.reserve(static_cast<std::size_t>(selected.Count()));
   for (int index = 0; index < selected.Count(); ++index) {
     const xmlNodePtr node = selected.Node(index);
