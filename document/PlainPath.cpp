@@ -173,11 +173,12 @@ xmlNodePtr SkipTexts(xmlNodePtr node) {
 }
 
 /// The node after `node` in a walk below `top`, and its depth: the first below it, where the walk
-/// is to go there and there is one, or else the next that is not below it.
+/// is to go there and there is one, or else the next that is not below it. At the end the depth is
+/// 0 again, unless a node does not know its parent.
 xmlNodePtr NextNode(xmlNodePtr node, const xmlNode* top, bool goesDown, int& depth) {
   xmlNodePtr next = goesDown ? SkipTexts(node->children) : nullptr;
   if (next) ++depth;
-  for (; !next && node != top; node = node->parent) {
+  for (; !next && node && node != top; node = node->parent) {
     next = SkipTexts(node->next);
     if (!next) --depth;
   }
@@ -213,21 +214,21 @@ bool PlainPath::Select(xmlNodePtr start, bool firstOnly, NodeList& found) const 
 bool PlainPath::WalkAll(bool firstOnly, NodeList& found) const {
   auto* const top = reinterpret_cast<xmlNodePtr>(m_document);
   const PathStep& last = m_steps[m_count - 1];
-  int depth = 1;
-  for (xmlNodePtr node = SkipTexts(top->children); node;) {
+  int depth = 0;
+  for (xmlNodePtr node = NextNode(top, top, true, depth); node;) {
     const PathAnswer answer = IsOther(node, last) ? PathAnswer::kNo : MatchUpwards(node);
     if (answer == PathAnswer::kUncertain || depth > kDeepest) return false;
     if (answer == PathAnswer::kYes) Take(node, found);
     if (firstOnly && found.Count() > 0) return true;
     node = NextNode(node, top, node->type == XML_ELEMENT_NODE, depth);
   }
-  return true;
+  return depth == 0;
 }
 
 /// Goes through what the steps select below `top`, and no deeper.
 bool PlainPath::WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) const {
-  int depth = 1;
-  for (xmlNodePtr node = SkipTexts(top->children); node;) {
+  int depth = 0;
+  for (xmlNodePtr node = NextNode(top, top, true, depth); node;) {
     const PathAnswer answer = Match(node, m_steps[depth - 1]);
     if (answer == PathAnswer::kUncertain) return false;
     const bool isStep = answer == PathAnswer::kYes;
@@ -235,14 +236,17 @@ bool PlainPath::WalkSteps(xmlNodePtr top, bool firstOnly, NodeList& found) const
     if (firstOnly && found.Count() > 0) return true;
     node = NextNode(node, top, isStep && depth < m_count, depth);
   }
-  return true;
+  return depth == 0;
 }
 
 /// Whether a node is what the last step selects, and those above it what the steps before select.
 PathAnswer PlainPath::MatchUpwards(const xmlNode* node) const {
-  PathAnswer answer = PathAnswer::kYes;
-  for (int step = m_count; step > 0 && answer == PathAnswer::kYes; node = node->parent)
-    answer = Match(node, m_steps[--step]);
+  int step = m_count - 1;
+  PathAnswer answer = Match(node, m_steps[step]);
+  while (step > 0 && answer == PathAnswer::kYes) {
+    node = node->parent;
+    answer = node ? Match(node, m_steps[--step]) : PathAnswer::kUncertain;
+  }
   return answer;
 }
 

@@ -229,6 +229,17 @@ INSTANTIATE_TEST_SUITE_P(Rows, AWalkPastAnOddParent, testing::ValuesIn(kOddParen
                            return row.param.name;
                          });
 
+// As after adding a node to a parent by libxml2's own call while a sibling follows it.
+TEST(AWalk, LeavesANodeWithoutParentToLibxml2) {
+  ParsedDocument document("<r><p><b/><a>1</a></p><p><a>2</a></p></r>");
+  const xmlNodePtr orphan = Raw(*tests::NodePtr(document.SelectNode("//a")));
+  const xmlNodePtr parent = orphan->parent;
+  orphan->parent = nullptr;
+  for (const char* const path : {"p/a", "//a", "//p/a"})
+    EXPECT_TRUE(IsLibxml2Asked(document, path)) << path;
+  orphan->parent = parent;
+}
+
 TEST(AWalk, ComparesAValueOfOnePieceItself) {
   ParsedDocument document(R"(<r><a x="1&#9;&amp;2"/><a x=""/></r>)");
   EXPECT_FALSE(IsLibxml2Asked(document, "a[@x='1']"));
