@@ -122,6 +122,10 @@ class ABuild(unittest.TestCase):
                           "CMAKE_DISABLE_FIND_PACKAGE_CLI11=ON",
                           PKG_CONFIG_LIBDIR="/nonexistent")
 
+    def test_makes_the_manual_with_make_as_well(self):
+        configure_library(self.build, generator="Unix Makefiles")
+        said("cmake", "--build", self.build, "--target", "analytics-manual")
+
     def test_says_why_it_installs_no_platform_with_the_tools(self):
         tools = ("ANALYTICS_BUILD_TOOLS=ON", "ANALYTICS_BUILD_TESTS=OFF",
                  f"CMAKE_CXX_COMPILER={COMPILER}")
