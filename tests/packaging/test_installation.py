@@ -6,8 +6,8 @@ import shlex
 import tempfile
 import unittest
 
-from trees import (COMPILER, HOST_LIBRARIES, LIBRARY, SDK, SOURCE, WITH_HOST, WORK, configure,
-                   configure_library, entries, libraries, prefix, said)
+from trees import (COMPILER, HOST_LIBRARIES, LIBRARY, SDK, SOURCE, WITH_HOST, WORK, attempt,
+                   configure, configure_library, entries, libraries, prefix, said)
 
 
 class AnInstalledLibrary(unittest.TestCase):
@@ -125,6 +125,21 @@ class ABuild(unittest.TestCase):
     def test_makes_the_manual_with_make_as_well(self):
         configure_library(self.build, generator="Unix Makefiles")
         said("cmake", "--build", self.build, "--target", "analytics-manual")
+
+    def refusal(self, *definitions):
+        """What CMake says, on one line, of a configuration that it refuses."""
+        done = attempt("cmake", "-S", SOURCE, "-B", self.build, "-G", "Ninja",
+                       *(f"-D{definition}" for definition in definitions))
+        self.assertNotEqual(0, done.returncode)
+        return " ".join(done.stdout.split())
+
+    def test_refuses_a_camera_sdk_without_a_platform(self):
+        self.assertIn("No platform in /nonexistent: ANALYTICS_PLATFORM_ROOT is wrong",
+                      self.refusal("ANALYTICS_PLATFORM_ROOT=/nonexistent"))
+
+    def test_refuses_tests_against_a_camera_sdk(self):
+        self.assertIn("The tests need the host platform, so no ANALYTICS_PLATFORM_ROOT",
+                      self.refusal(f"ANALYTICS_PLATFORM_ROOT={SDK}", "ANALYTICS_BUILD_TESTS=ON"))
 
     def test_says_why_it_installs_no_platform_with_the_tools(self):
         tools = ("ANALYTICS_BUILD_TOOLS=ON", "ANALYTICS_BUILD_TESTS=OFF",
