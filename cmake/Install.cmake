@@ -32,3 +32,6 @@ cmake_path(APPEND ANALYTICS_PC_INCLUDEDIR "\${prefix}" ${CMAKE_INSTALL_INCLUDEDI
 configure_file(cmake/analytics-settings.pc.in analytics-settings.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/analytics-settings.pc
   DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT development)
+
+# Every copy is to come with its licence.
+install(FILES LICENSE DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT documentation)

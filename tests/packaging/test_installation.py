@@ -25,6 +25,10 @@ class AnInstalledLibrary(unittest.TestCase):
         self.assertEqual([LIBRARY], found)
         self.assertFalse((prefix("bare") / "include" / "tavrel").exists())
 
+    def test_comes_with_its_licence(self):
+        licences = list((prefix("lib") / "share" / "doc").glob("*/LICENSE"))
+        self.assertEqual(["MIT License"], [text.read_text().splitlines()[0] for text in licences])
+
     def test_has_all_its_symbols_bound_before_it_runs(self):
         for name in [LIBRARY, *HOST_LIBRARIES]:
             with self.subTest(library=name):
